@@ -1,0 +1,22 @@
+#pragma once
+
+#include "IconLibrary.h"
+
+#include <QByteArrayView>
+
+#include <optional>
+
+namespace CatalogueCodec {
+
+// Decodes a whole catalogue file. Any missing required key or wrong type makes
+// the file undecodable: nullopt with a reason in *error.
+std::optional<CatalogueFile> decode(QByteArrayView data, QString* error = nullptr);
+
+// The "version" of a file through a full decode of that key alone.
+std::optional<QString> decodeVersionOnly(QByteArrayView data);
+
+// Appends `text` as a JSON string literal (quotes included).
+void appendJsonString(QByteArray& out, QStringView text);
+void appendJsonString(QByteArray& out, QByteArrayView utf8);
+
+} // namespace CatalogueCodec

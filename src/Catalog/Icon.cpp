@@ -1,0 +1,57 @@
+#include "Icon.h"
+
+Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
+           std::optional<PathList> filled)
+{
+    auto* data = new Data;
+    data->searchName = id.toLower();
+    data->haystack = data->searchName.toUtf8();
+    data->nameLength = data->haystack.size();
+    data->searchTags.reserve(tags.size());
+    data->tagEnds.reserve(static_cast<std::size_t>(tags.size()));
+    for (const QString& tag : std::as_const(tags)) {
+        QString lower = tag.toLower();
+        data->haystack += '\n';
+        data->haystack += lower.toUtf8();
+        data->tagEnds.push_back(data->haystack.size());
+        data->searchTags.append(std::move(lower));
+    }
+    data->id = std::move(id);
+    data->category = std::move(category);
+    data->tags = std::move(tags);
+    data->outline = std::move(outline);
+    data->filled = std::move(filled);
+    d = QExplicitlySharedDataPointer<const Data>(data);
+}
+
+const PathList* Icon::paths(IconStyle style) const
+{
+    const auto& list = style == IconStyle::filled ? d->filled : d->outline;
+    return list ? &*list : nullptr;
+}
+
+QString Icon::tagLine() const
+{
+    QStringList shown;
+    for (const QString& tag : d->tags) {
+        if (tag == d->id)
+            continue;
+        shown.append(tag);
+        if (shown.size() == 4)
+            break;
+    }
+    return shown.isEmpty() ? d->category : shown.join(QStringLiteral(" \u00B7 "));
+}
+
+QString Icon::pascalName() const
+{
+    QString result;
+    result.reserve(d->id.size());
+    for (const QStringView piece : QStringView(d->id).split(u'-', Qt::SkipEmptyParts)) {
+        // Upper-case the first character only (a surrogate pair counts as one).
+        const qsizetype first = piece.first().isHighSurrogate() && piece.size() > 1 ? 2 : 1;
+        result += piece.first(first).toString().toUpper();
+        result += piece.sliced(first);
+    }
+    return result;
+}

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "Icon.h"
+#include "IconSearch.h"
+
+#include <QHash>
+#include <QMutex>
+#include <QObject>
+#include <QPainterPath>
+
+#include <optional>
+
+// The contents of one catalogue file.
+struct CatalogueFile {
+    QString version;
+    IconList icons; // file order
+};
+
+// The loaded icon catalogue: the shipped file or a newer downloaded one.
+class IconLibrary : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString version READ version NOTIFY catalogueChanged)
+    Q_PROPERTY(QStringList categories READ categories NOTIFY catalogueChanged)
+    Q_PROPERTY(int iconCount READ iconCount NOTIFY catalogueChanged)
+    Q_PROPERTY(int outlineCount READ outlineCount NOTIFY catalogueChanged)
+    Q_PROPERTY(int filledCount READ filledCount NOTIFY catalogueChanged)
+
+public:
+    using File = CatalogueFile;
+
+    struct Sources {
+        QString shippedPath;    // empty: nothing shipped
+        QString downloadedPath; // where install() writes
+    };
+
+    // Loads the best of the two sources at once.
+    explicit IconLibrary(Sources sources, QObject* parent = nullptr);
+
+    // The running program's library over the real shipped and downloaded files.
+    static IconLibrary& shared();
+    static QString shippedFilePath();
+    // $XDG_DATA_HOME/Pictray/tabler-icons.json on Linux; the folder is created.
+    static QString downloadedFilePath();
+
+    void load();
+    void apply(File file);
+    // Decodes first (nothing is written on failure), then writes atomically,
+    // then applies. False with *error set on any failure.
+    bool install(const QByteArray& data, QString* error);
+
+    // The version of a catalogue file's bytes, read from the first 64 bytes
+    // when the writer put it there, else through a full decode.
+    static std::optional<QString> peekVersion(const QByteArray& data);
+
+    const IconList& icons() const { return m_icons; }
+    int iconCount() const { return static_cast<int>(m_icons.size()); }
+    QString version() const { return m_version; }
+    QStringList categories() const { return m_categories; }
+    int outlineCount() const;
+    int filledCount() const;
+    // The file the catalogue came from; empty when nothing is loaded.
+    QString loadedPath() const { return m_loadedPath; }
+    const Sources& sources() const { return m_sources; }
+
+    // Exact, case-sensitive; a null Icon when there is none.
+    Icon icon(QStringView name) const;
+
+    // The icon's paths of one style combined in the 24 x 24 icon space;
+    // nullopt when the icon has no such form. Cached; safe from any thread.
+    std::optional<QPainterPath> iconPath(const Icon& icon, IconStyle style) const;
+
+    IconList search(QStringView query, const IconList& icons) const
+    {
+        return IconSearch::search(query, icons);
+    }
+    IconSearch::NearMatches nearMatches(QStringView query, int limit) const
+    {
+        return IconSearch::nearMatches(query, limit, m_icons);
+    }
+
+    // 5233 -> "5,233"
+    static QString number(qint64 value);
+
+signals:
+    void catalogueChanged();
+
+private:
+    Sources m_sources;
+    QString m_loadedPath;
+    IconList m_icons;
+    QString m_version;
+    QStringList m_categories;
+    QHash<QString, qsizetype> m_byName;
+
+    mutable QMutex m_cacheLock;
+    mutable QHash<QString, QPainterPath> m_pathCache;
+};
