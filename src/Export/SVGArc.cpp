@@ -35,7 +35,8 @@ struct Ellipse {
 void SVGArc::appendTo(QPainterPath& path, QPointF from, QPointF to) const
 {
     using std::numbers::pi;
-    if (from == to)
+    // Exactly equal: QPointF's == would also swallow arcs shorter than 1e-12.
+    if (from.x() == to.x() && from.y() == to.y())
         return;
     if (rx == 0 || ry == 0) {
         path.lineTo(to);
