@@ -53,11 +53,32 @@ struct Look {
     QString color;
 };
 
-const QList<Look> looks{
-    {24, 2, u"currentColor"_s},
-    {18, 1.5, u"#ff0000"_s},
-    {17, 1.25, u"rgb(255 0 0 / 50%)"_s},
-};
+QList<Look> looks()
+{
+    return {
+        {24, 2, u"currentColor"_s},
+        {18, 1.5, u"#ff0000"_s},
+        {17, 1.25, u"rgb(255 0 0 / 50%)"_s},
+    };
+}
+
+// Every icon in each of its styles, each with one look in turn. The looks
+// only change values; every option combination for every look would make the
+// compilers run several times longer.
+QList<IconExport> sampleExports()
+{
+    const QList<Look> lookList = looks();
+    QList<IconExport> exports;
+    for (const Icon& icon : sampleIcons()) {
+        for (const IconStyle style : allCases<IconStyle>()) {
+            if (icon.has(style)) {
+                const Look& look = lookList[exports.size() % lookList.size()];
+                exports.append({icon, style, look.size, look.stroke, look.color});
+            }
+        }
+    }
+    return exports;
+}
 
 // One option and the values tried for it; each value has a short tag for
 // the file name.
@@ -201,35 +222,22 @@ int main(int argc, char** argv)
     }
 
     QJsonArray manifest;
-    qsizetype exports = 0;
-    for (const Icon& icon : sampleIcons()) {
-        for (const IconStyle style : allCases<IconStyle>()) {
-            if (!icon.has(style))
-                continue;
-            // Each export gets one look in turn: the looks only change
-            // values, and every option combination per look would make the
-            // compilers' run several times longer.
-            {
-                const qsizetype l = exports++ % looks.size();
-                const IconExport item{icon, style, looks[l].size, looks[l].stroke, looks[l].color};
-                for (const ExportFormat format : Formats::codeFormats()) {
-                    for (const auto& [builder, tag] : combinations(optionsOf(format))) {
-                        const QString file = u"%1_look%2_%3%4.%5"_s.arg(
-                            item.packageName(), QString::number(l), rawValue(format), tag,
-                            extension(format, builder));
-                        if (!write(dir.filePath(file), builder.text(format, item).toUtf8()))
-                            return 1;
-                        QJsonObject entry{{u"file"_s, file}, {u"kind"_s, kind(format, builder)}};
-                        if (format == ExportFormat::dataURI) {
-                            // What the URI must decode to: the one-line SVG with
-                            // its size and without class or aria-hidden.
-                            SnippetBuilder oneLine;
-                            oneLine.classAttribute.clear();
-                            entry.insert(u"svg"_s, oneLine.text(ExportFormat::svg, item));
-                        }
-                        manifest.append(entry);
-                    }
+    for (const IconExport& item : sampleExports()) {
+        for (const ExportFormat format : Formats::codeFormats()) {
+            for (const auto& [builder, tag] : combinations(optionsOf(format))) {
+                const QString file = u"%1_%2%3.%4"_s.arg(item.packageName(), rawValue(format), tag,
+                                                         extension(format, builder));
+                if (!write(dir.filePath(file), builder.text(format, item).toUtf8()))
+                    return 1;
+                QJsonObject entry{{u"file"_s, file}, {u"kind"_s, kind(format, builder)}};
+                if (format == ExportFormat::dataURI) {
+                    // What the URI must decode to: the one-line SVG with its
+                    // size and without class or aria-hidden.
+                    SnippetBuilder oneLine;
+                    oneLine.classAttribute.clear();
+                    entry.insert(u"svg"_s, oneLine.text(ExportFormat::svg, item));
                 }
+                manifest.append(entry);
             }
         }
     }

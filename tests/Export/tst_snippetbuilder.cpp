@@ -11,15 +11,21 @@ Q_DECLARE_METATYPE(ExportFormat)
 
 namespace {
 
-const PathList plusPaths{"M12 5v14", "M5 12h14"};
-const PathList plusFilledPaths{"M12 2a10 10 0 1 0 0 20a10 10 0 0 0 0 -20"};
+PathList plusPaths()
+{
+    return {"M12 5v14", "M5 12h14"};
+}
+PathList plusFilledPaths()
+{
+    return {"M12 2a10 10 0 1 0 0 20a10 10 0 0 0 0 -20"};
+}
 
 IconExport plus(IconStyle style = IconStyle::outline, const QString& color = u"currentColor"_s)
 {
-    return {Icon(u"plus"_s, {}, {}, plusPaths, plusFilledPaths), style, 24, 2, color};
+    return {Icon(u"plus"_s, {}, {}, plusPaths(), plusFilledPaths()), style, 24, 2, color};
 }
 
-IconExport named(const QString& id, std::optional<PathList> outline = plusPaths)
+IconExport named(const QString& id, std::optional<PathList> outline = plusPaths())
 {
     return {Icon(id, {}, {}, std::move(outline), std::nullopt)};
 }
@@ -227,13 +233,13 @@ void TestSnippetBuilder::iconExport_data()
     QTest::addColumn<QString>("packageName");
     QTest::addColumn<PathList>("paths");
 
-    QTest::newRow("outline") << plus() << false << u"plus"_s << plusPaths;
+    QTest::newRow("outline") << plus() << false << u"plus"_s << plusPaths();
     QTest::newRow("filled") << plus(IconStyle::filled) << true << u"plus-filled"_s
-                            << plusFilledPaths;
+                            << plusFilledPaths();
     IconExport noFilledForm = named(u"plus"_s);
     noFilledForm.style = IconStyle::filled;
     QTest::newRow("filled without a filled form")
-        << noFilledForm << false << u"plus"_s << plusPaths;
+        << noFilledForm << false << u"plus"_s << plusPaths();
     QTest::newRow("no outline form")
         << named(u"x"_s, std::nullopt) << false << u"x"_s << PathList();
 }
