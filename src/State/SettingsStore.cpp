@@ -25,57 +25,42 @@ bool isScalar(const QVariant& value)
     }
 }
 
-std::optional<bool> parseBool(const QVariant& value)
+std::optional<bool> variantToBool(const QVariant& value)
 {
     if (value.typeId() == QMetaType::Bool)
         return value.toBool();
     if (value.typeId() != QMetaType::QString)
         return std::nullopt;
-    const QString text = value.toString().trimmed();
-    if (text.compare(u"true", Qt::CaseInsensitive) == 0 || text == u"1")
-        return true;
-    if (text.compare(u"false", Qt::CaseInsensitive) == 0 || text == u"0")
-        return false;
-    return std::nullopt;
+    return SettingsStore::parseBool(value.toString());
 }
 
-std::optional<qint64> parseInt(const QVariant& value)
+std::optional<qint64> variantToInt(const QVariant& value)
 {
     switch (value.typeId()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
         return value.toLongLong();
-    case QMetaType::QString: {
-        bool ok = false;
-        const qint64 number = value.toString().trimmed().toLongLong(&ok);
-        return ok ? std::optional(number) : std::nullopt;
-    }
+    case QMetaType::QString:
+        return SettingsStore::parseInt(value.toString());
     default:
         return std::nullopt;
     }
 }
 
-std::optional<double> parseDouble(const QVariant& value)
+std::optional<double> variantToDouble(const QVariant& value)
 {
-    bool ok = false;
-    double number = 0;
     switch (value.typeId()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
     case QMetaType::Double:
-        number = value.toDouble(&ok);
-        break;
     case QMetaType::QString:
-        number = value.toString().trimmed().toDouble(&ok);
-        break;
+        return SettingsStore::parseDouble(value.toString());
     default:
-        break;
+        return std::nullopt;
     }
-    // NaN or infinity would poison every size and stroke computed from it.
-    return ok && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
-std::optional<QString> parseString(const QVariant& value)
+std::optional<QString> variantToString(const QVariant& value)
 {
     // An unquoted comma in a hand-edited file turns a string into a list.
     if (value.typeId() == QMetaType::QStringList)
@@ -85,7 +70,7 @@ std::optional<QString> parseString(const QVariant& value)
     return std::nullopt;
 }
 
-std::optional<QByteArray> parseBytes(const QVariant& value)
+std::optional<QByteArray> variantToBytes(const QVariant& value)
 {
     if (value.typeId() == QMetaType::QByteArray)
         return value.toByteArray();
@@ -94,7 +79,7 @@ std::optional<QByteArray> parseBytes(const QVariant& value)
     return std::nullopt;
 }
 
-std::optional<QStringList> parseStringList(const QVariant& value)
+std::optional<QStringList> variantToStringList(const QVariant& value)
 {
     switch (value.typeId()) {
     case QMetaType::QStringList:
@@ -169,32 +154,32 @@ auto SettingsStore::read(const QString& key, Parse parse) const -> decltype(pars
 
 bool SettingsStore::boolValue(const QString& key) const
 {
-    return read(key, parseBool).value_or(false);
+    return read(key, variantToBool).value_or(false);
 }
 
 qint64 SettingsStore::intValue(const QString& key) const
 {
-    return read(key, parseInt).value_or(0);
+    return read(key, variantToInt).value_or(0);
 }
 
 double SettingsStore::doubleValue(const QString& key) const
 {
-    return read(key, parseDouble).value_or(0.0);
+    return read(key, variantToDouble).value_or(0.0);
 }
 
 std::optional<QString> SettingsStore::stringValue(const QString& key) const
 {
-    return read(key, parseString);
+    return read(key, variantToString);
 }
 
 std::optional<QByteArray> SettingsStore::bytesValue(const QString& key) const
 {
-    return read(key, parseBytes);
+    return read(key, variantToBytes);
 }
 
 QStringList SettingsStore::stringListValue(const QString& key) const
 {
-    return read(key, parseStringList).value_or(QStringList());
+    return read(key, variantToStringList).value_or(QStringList());
 }
 
 void SettingsStore::setBool(const QString& key, bool value)
@@ -227,6 +212,31 @@ void SettingsStore::setBytes(const QString& key, const QByteArray& value)
 void SettingsStore::setStringList(const QString& key, const QStringList& value)
 {
     m_settings.setValue(key, value);
+}
+
+std::optional<bool> SettingsStore::parseBool(const QString& text)
+{
+    const QString trimmed = text.trimmed();
+    if (trimmed.compare(u"true", Qt::CaseInsensitive) == 0 || trimmed == u"1")
+        return true;
+    if (trimmed.compare(u"false", Qt::CaseInsensitive) == 0 || trimmed == u"0")
+        return false;
+    return std::nullopt;
+}
+
+std::optional<qint64> SettingsStore::parseInt(const QString& text)
+{
+    bool ok = false;
+    const qint64 number = text.trimmed().toLongLong(&ok);
+    return ok ? std::optional(number) : std::nullopt;
+}
+
+std::optional<double> SettingsStore::parseDouble(const QString& text)
+{
+    bool ok = false;
+    const double number = text.trimmed().toDouble(&ok);
+    // NaN or infinity would poison every size and stroke computed from it.
+    return ok && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 bool SettingsStore::sync()

@@ -60,6 +60,12 @@ public:
     // Writes pending changes; false when the file could not be written.
     bool sync();
 
+    // How stored text is read as a bool ("true"/"false" in any case, "1"/"0"),
+    // an integer or a finite double; nullopt when it is none of them.
+    static std::optional<bool> parseBool(const QString& text);
+    static std::optional<qint64> parseInt(const QString& text);
+    static std::optional<double> parseDouble(const QString& text);
+
 private:
     // The first of the user's value and the registered default that `parse`
     // accepts.
