@@ -1,7 +1,20 @@
+#include "CommandLine.h"
+
+#include <QCoreApplication>
 #include <cstdio>
 
-int main()
+int main(int argc, char* argv[])
 {
-    std::puts("Pictray");
-    return 0;
+    // No organisation name: the data folder is then .../Pictray, not .../Pictray/Pictray.
+    QCoreApplication::setApplicationName(QStringLiteral("Pictray"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(PICTRAY_VERSION));
+    QCoreApplication app(argc, argv);
+
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    Cli::Io io{out, err, stdout};
+    const int status = Cli::run(QCoreApplication::arguments(), io);
+    out.flush();
+    err.flush();
+    return status;
 }

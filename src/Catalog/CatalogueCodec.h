@@ -3,7 +3,6 @@
 #include "IconLibrary.h"
 
 #include <QByteArrayView>
-
 #include <optional>
 
 namespace CatalogueCodec {

@@ -9,14 +9,12 @@
 #include <QSharedData>
 #include <QString>
 #include <QStringList>
-
 #include <optional>
 #include <vector>
 
 enum class IconStyle { outline, filled };
 
-template <>
-struct RawValues<IconStyle> {
+template <> struct RawValues<IconStyle> {
     static constexpr std::array<const char*, 2> names{"outline", "filled"};
 };
 

@@ -7,7 +7,6 @@
 #include <QMutex>
 #include <QObject>
 #include <QPainterPath>
-
 #include <optional>
 
 // The contents of one catalogue file.

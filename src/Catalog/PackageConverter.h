@@ -4,7 +4,6 @@
 
 #include <QByteArrayView>
 #include <QHash>
-
 #include <optional>
 #include <vector>
 

@@ -5,17 +5,25 @@ namespace Formats {
 QString label(ExportFormat format, ReactLanguage language)
 {
     switch (format) {
-    case ExportFormat::svg: return QStringLiteral("Raw SVG");
+    case ExportFormat::svg:
+        return QStringLiteral("Raw SVG");
     case ExportFormat::jsx:
         return language == ReactLanguage::tsx ? QStringLiteral("React / TSX")
                                               : QStringLiteral("React / JSX");
-    case ExportFormat::vue: return QStringLiteral("Vue component");
-    case ExportFormat::blade: return QStringLiteral("Blade component");
-    case ExportFormat::tailwind: return QStringLiteral("Tailwind (currentColor)");
-    case ExportFormat::dataURI: return QStringLiteral("Data URI");
-    case ExportFormat::png1: return QStringLiteral("PNG @1x");
-    case ExportFormat::png2: return QStringLiteral("PNG @2x");
-    case ExportFormat::png3: return QStringLiteral("PNG @3x");
+    case ExportFormat::vue:
+        return QStringLiteral("Vue component");
+    case ExportFormat::blade:
+        return QStringLiteral("Blade component");
+    case ExportFormat::tailwind:
+        return QStringLiteral("Tailwind (currentColor)");
+    case ExportFormat::dataURI:
+        return QStringLiteral("Data URI");
+    case ExportFormat::png1:
+        return QStringLiteral("PNG @1x");
+    case ExportFormat::png2:
+        return QStringLiteral("PNG @2x");
+    case ExportFormat::png3:
+        return QStringLiteral("PNG @3x");
     }
     return {};
 }
@@ -23,17 +31,25 @@ QString label(ExportFormat format, ReactLanguage language)
 QString shortLabel(ExportFormat format, ReactLanguage language)
 {
     switch (format) {
-    case ExportFormat::svg: return QStringLiteral("SVG");
+    case ExportFormat::svg:
+        return QStringLiteral("SVG");
     case ExportFormat::jsx:
         return language == ReactLanguage::tsx ? QStringLiteral("TSX") : QStringLiteral("JSX");
-    case ExportFormat::vue: return QStringLiteral("Vue");
-    case ExportFormat::blade: return QStringLiteral("Blade");
-    case ExportFormat::tailwind: return QStringLiteral("Tailwind");
-    case ExportFormat::dataURI: return QStringLiteral("Data URI");
+    case ExportFormat::vue:
+        return QStringLiteral("Vue");
+    case ExportFormat::blade:
+        return QStringLiteral("Blade");
+    case ExportFormat::tailwind:
+        return QStringLiteral("Tailwind");
+    case ExportFormat::dataURI:
+        return QStringLiteral("Data URI");
     // The 1x short name carries no scale on purpose.
-    case ExportFormat::png1: return QStringLiteral("PNG");
-    case ExportFormat::png2: return QStringLiteral("PNG @2x");
-    case ExportFormat::png3: return QStringLiteral("PNG @3x");
+    case ExportFormat::png1:
+        return QStringLiteral("PNG");
+    case ExportFormat::png2:
+        return QStringLiteral("PNG @2x");
+    case ExportFormat::png3:
+        return QStringLiteral("PNG @3x");
     }
     return {};
 }
@@ -41,20 +57,27 @@ QString shortLabel(ExportFormat format, ReactLanguage language)
 std::optional<int> pngScale(ExportFormat format)
 {
     switch (format) {
-    case ExportFormat::png1: return 1;
-    case ExportFormat::png2: return 2;
-    case ExportFormat::png3: return 3;
-    default: return std::nullopt;
+    case ExportFormat::png1:
+        return 1;
+    case ExportFormat::png2:
+        return 2;
+    case ExportFormat::png3:
+        return 3;
+    default:
+        return std::nullopt;
     }
 }
 
 QList<ExportFormat> codeFormats()
 {
-    return {ExportFormat::svg,      ExportFormat::jsx,     ExportFormat::vue,
-            ExportFormat::blade,    ExportFormat::tailwind, ExportFormat::dataURI};
+    return {ExportFormat::svg,   ExportFormat::jsx,      ExportFormat::vue,
+            ExportFormat::blade, ExportFormat::tailwind, ExportFormat::dataURI};
 }
 
-QString label(ReactLanguage language) { return rawValue(language).toUpper(); }
+QString label(ReactLanguage language)
+{
+    return rawValue(language).toUpper();
+}
 
 QString label(VueStyle style)
 {
@@ -72,9 +95,12 @@ QString label(PNGBackground background)
 QString label(DragFormat format)
 {
     switch (format) {
-    case DragFormat::bestMatch: return QStringLiteral("Best match for the app");
-    case DragFormat::svg: return QStringLiteral("SVG file");
-    case DragFormat::png2x: return QStringLiteral("PNG @2x");
+    case DragFormat::bestMatch:
+        return QStringLiteral("Best match for the app");
+    case DragFormat::svg:
+        return QStringLiteral("SVG file");
+    case DragFormat::png2x:
+        return QStringLiteral("PNG @2x");
     }
     return {};
 }

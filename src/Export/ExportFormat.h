@@ -4,7 +4,6 @@
 
 #include <QList>
 #include <QString>
-
 #include <optional>
 
 // The copy formats, in the order every menu and list shows them.
@@ -16,25 +15,20 @@ enum class VueStyle { sfc, templateOnly };
 enum class PNGBackground { transparent, white, black };
 enum class DragFormat { bestMatch, svg, png2x };
 
-template <>
-struct RawValues<ExportFormat> {
+template <> struct RawValues<ExportFormat> {
     static constexpr std::array<const char*, 9> names{
         "svg", "jsx", "vue", "blade", "tailwind", "dataURI", "png1", "png2", "png3"};
 };
-template <>
-struct RawValues<ReactLanguage> {
+template <> struct RawValues<ReactLanguage> {
     static constexpr std::array<const char*, 2> names{"jsx", "tsx"};
 };
-template <>
-struct RawValues<VueStyle> {
+template <> struct RawValues<VueStyle> {
     static constexpr std::array<const char*, 2> names{"sfc", "template"};
 };
-template <>
-struct RawValues<PNGBackground> {
+template <> struct RawValues<PNGBackground> {
     static constexpr std::array<const char*, 3> names{"transparent", "white", "black"};
 };
-template <>
-struct RawValues<DragFormat> {
+template <> struct RawValues<DragFormat> {
     static constexpr std::array<const char*, 3> names{"bestMatch", "svg", "png2x"};
 };
 
@@ -47,7 +41,10 @@ QString shortLabel(ExportFormat format, ReactLanguage language);
 
 // 1, 2 or 3 for the image formats; nullopt for the text formats.
 std::optional<int> pngScale(ExportFormat format);
-inline bool isImage(ExportFormat format) { return pngScale(format).has_value(); }
+inline bool isImage(ExportFormat format)
+{
+    return pngScale(format).has_value();
+}
 
 // The six text formats, in case order.
 QList<ExportFormat> codeFormats();

@@ -17,6 +17,9 @@ QByteArray readSourceFile(const QString& relative)
     return file.readAll();
 }
 
-QString shippedCatalogue() { return sourcePath(QStringLiteral("data/tabler-icons/tabler-icons.json")); }
+QString shippedCatalogue()
+{
+    return sourcePath(QStringLiteral("data/tabler-icons/tabler-icons.json"));
+}
 
 } // namespace TestData

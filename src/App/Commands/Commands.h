@@ -1,0 +1,15 @@
+#pragma once
+
+#include "CommandLine.h"
+
+// Each command lives in its own file under Commands/ and is listed in
+// CommandLine.cpp.
+namespace Cli {
+
+int info(const QStringList& args, Io& io);
+int search(const QStringList& args, Io& io);
+int near(const QStringList& args, Io& io);
+int catalogue(const QStringList& args, Io& io);
+int update(const QStringList& args, Io& io);
+
+} // namespace Cli

@@ -1,0 +1,32 @@
+#include "AppConfig.h"
+
+namespace AppConfig {
+namespace {
+
+QString fromEnvironment(const char* name, const char* fallback)
+{
+    const QString value = qEnvironmentVariable(name);
+    return value.isEmpty() ? QString::fromUtf8(fallback) : value;
+}
+
+} // namespace
+
+QString version()
+{
+    return QStringLiteral(PICTRAY_VERSION);
+}
+
+QUrl tablerLatestURL()
+{
+    return QUrl(fromEnvironment("PICTRAY_LATEST_URL", PICTRAY_DEFAULT_LATEST_URL));
+}
+
+QUrl tablerFileURL(const QString& version, const QString& file)
+{
+    QString base = fromEnvironment("PICTRAY_CDN_URL", PICTRAY_DEFAULT_CDN_URL);
+    while (base.endsWith(u'/'))
+        base.chop(1);
+    return QUrl(base + QStringLiteral("/npm/@tabler/icons@") + version + u'/' + file);
+}
+
+} // namespace AppConfig

@@ -1,0 +1,216 @@
+#include "CatalogueCodec.h"
+
+#include <simdjson.h>
+#include <string_view>
+
+namespace CatalogueCodec {
+namespace {
+
+using simdjson::dom::array;
+using simdjson::dom::element;
+using simdjson::dom::object;
+
+QString fromUtf8(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+bool fail(QString* error, const QString& message)
+{
+    if (error)
+        *error = message;
+    return false;
+}
+
+bool readStrings(element value, QStringList& out)
+{
+    array items;
+    if (value.get_array().get(items) != simdjson::SUCCESS)
+        return false;
+    out.reserve(static_cast<qsizetype>(items.size()));
+    for (element item : items) {
+        std::string_view text;
+        if (item.get_string().get(text) != simdjson::SUCCESS)
+            return false;
+        out.append(fromUtf8(text));
+    }
+    return true;
+}
+
+// A missing key and null both mean "no such form".
+bool readPaths(element value, std::optional<PathList>& out)
+{
+    if (value.is_null())
+        return true;
+    array items;
+    if (value.get_array().get(items) != simdjson::SUCCESS)
+        return false;
+    PathList paths;
+    paths.reserve(static_cast<qsizetype>(items.size()));
+    for (element item : items) {
+        std::string_view text;
+        if (item.get_string().get(text) != simdjson::SUCCESS)
+            return false;
+        paths.append(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
+    }
+    out = std::move(paths);
+    return true;
+}
+
+bool readEntry(element value, Icon& icon, QString* error, qsizetype index)
+{
+    const auto bad = [&](const char* what) {
+        return fail(error, QStringLiteral("icon %1: %2").arg(index).arg(QLatin1String(what)));
+    };
+    object entry;
+    if (value.get_object().get(entry) != simdjson::SUCCESS)
+        return bad("not an object");
+    std::string_view name;
+    std::string_view category;
+    bool hasName = false;
+    bool hasCategory = false;
+    bool hasTags = false;
+    QStringList tags;
+    std::optional<PathList> outline;
+    std::optional<PathList> filled;
+    for (const auto field : entry) {
+        if (field.key.size() != 1)
+            continue; // unknown keys are ignored
+        switch (field.key[0]) {
+        case 'n':
+            hasName = field.value.get_string().get(name) == simdjson::SUCCESS;
+            if (!hasName)
+                return bad("\"n\" is not a string");
+            break;
+        case 'c':
+            hasCategory = field.value.get_string().get(category) == simdjson::SUCCESS;
+            if (!hasCategory)
+                return bad("\"c\" is not a string");
+            break;
+        case 't':
+            tags.clear();
+            hasTags = readStrings(field.value, tags);
+            if (!hasTags)
+                return bad("\"t\" is not an array of strings");
+            break;
+        case 'o':
+            if (!readPaths(field.value, outline))
+                return bad("\"o\" is not an array of strings");
+            break;
+        case 'f':
+            if (!readPaths(field.value, filled))
+                return bad("\"f\" is not an array of strings");
+            break;
+        default:
+            break;
+        }
+    }
+    if (!hasName || !hasCategory || !hasTags)
+        return bad(!hasName ? "no \"n\"" : !hasCategory ? "no \"c\"" : "no \"t\"");
+    icon = Icon(fromUtf8(name), fromUtf8(category), std::move(tags), std::move(outline),
+                std::move(filled));
+    return true;
+}
+
+bool parseObject(simdjson::dom::parser& parser, QByteArrayView data, object& root, QString* error)
+{
+    element doc;
+    if (const auto code = parser.parse(data.data(), static_cast<size_t>(data.size())).get(doc);
+        code != simdjson::SUCCESS) {
+        return fail(error, QStringLiteral("not valid JSON (%1)")
+                               .arg(QLatin1String(simdjson::error_message(code))));
+    }
+    if (doc.get_object().get(root) != simdjson::SUCCESS)
+        return fail(error, QStringLiteral("not a JSON object"));
+    return true;
+}
+
+bool readVersion(object root, QString& version)
+{
+    std::string_view text;
+    if (root["version"].get_string().get(text) != simdjson::SUCCESS)
+        return false;
+    version = fromUtf8(text);
+    return true;
+}
+
+} // namespace
+
+std::optional<CatalogueFile> decode(QByteArrayView data, QString* error)
+{
+    simdjson::dom::parser parser;
+    object root;
+    if (!parseObject(parser, data, root, error))
+        return std::nullopt;
+    CatalogueFile file;
+    if (!readVersion(root, file.version)) {
+        fail(error, QStringLiteral("no \"version\" string"));
+        return std::nullopt;
+    }
+    array icons;
+    if (root["icons"].get_array().get(icons) != simdjson::SUCCESS) {
+        fail(error, QStringLiteral("no \"icons\" array"));
+        return std::nullopt;
+    }
+    file.icons.reserve(static_cast<qsizetype>(icons.size()));
+    qsizetype index = 0;
+    for (element value : icons) {
+        Icon icon;
+        if (!readEntry(value, icon, error, index++))
+            return std::nullopt;
+        file.icons.append(std::move(icon));
+    }
+    return file;
+}
+
+std::optional<QString> decodeVersionOnly(QByteArrayView data)
+{
+    simdjson::dom::parser parser;
+    object root;
+    QString version;
+    if (!parseObject(parser, data, root, nullptr) || !readVersion(root, version))
+        return std::nullopt;
+    return version;
+}
+
+void appendJsonString(QByteArray& out, QByteArrayView utf8)
+{
+    static constexpr char hex[] = "0123456789abcdef";
+    out += '"';
+    for (const char c : utf8) {
+        const auto byte = static_cast<unsigned char>(c);
+        switch (c) {
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
+        default:
+            if (byte < 0x20) {
+                out += "\\u00";
+                out += hex[byte >> 4];
+                out += hex[byte & 0xF];
+            } else {
+                out += c;
+            }
+        }
+    }
+    out += '"';
+}
+
+void appendJsonString(QByteArray& out, QStringView text)
+{
+    appendJsonString(out, text.toUtf8());
+}
+
+} // namespace CatalogueCodec

@@ -1,0 +1,209 @@
+#include "IconLibrary.h"
+
+#include "CatalogueCodec.h"
+#include "Export/SVGPath.h"
+#include "NumericCompare.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QResource>
+#include <QSaveFile>
+#include <QSet>
+#include <QStandardPaths>
+#include <QStringDecoder>
+#include <algorithm>
+
+namespace {
+
+// A resource stored uncompressed is read in place, without a copy.
+std::optional<QByteArray> readCandidate(const QString& path)
+{
+    if (path.startsWith(u':')) {
+        const QResource resource(path);
+        if (resource.isValid() && resource.compressionAlgorithm() == QResource::NoCompression) {
+            return QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()),
+                                           static_cast<qsizetype>(resource.size()));
+        }
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
+}
+
+std::optional<QString> versionAtStart(QByteArrayView head)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(head);
+    if (decoder.hasError())
+        return std::nullopt;
+    static constexpr QStringView key = u"\"version\":\"";
+    for (qsizetype at = text.indexOf(key); at >= 0; at = text.indexOf(key, at + 1)) {
+        const qsizetype start = at + key.size();
+        const qsizetype end = text.indexOf(u'"', start);
+        if (end > start)
+            return text.sliced(start, end - start);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+IconLibrary::IconLibrary(Sources sources, QObject* parent)
+    : QObject(parent), m_sources(std::move(sources))
+{
+    load();
+}
+
+IconLibrary& IconLibrary::shared()
+{
+    static auto* library = new IconLibrary({shippedFilePath(), downloadedFilePath()});
+    return *library;
+}
+
+QString IconLibrary::shippedFilePath()
+{
+    return QStringLiteral(":/tabler-icons.json");
+}
+
+QString IconLibrary::downloadedFilePath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QDir().mkpath(folder);
+    return folder + QStringLiteral("/tabler-icons.json");
+}
+
+std::optional<QString> IconLibrary::peekVersion(const QByteArray& data)
+{
+    if (auto version =
+            versionAtStart(QByteArrayView(data).first(std::min<qsizetype>(data.size(), 64))))
+        return version;
+    return CatalogueCodec::decodeVersionOnly(data);
+}
+
+void IconLibrary::load()
+{
+    struct Candidate {
+        QString path;
+        QByteArray bytes;
+        QString version;
+    };
+    std::optional<Candidate> best;
+    for (const QString& path : {m_sources.shippedPath, m_sources.downloadedPath}) {
+        if (path.isEmpty())
+            continue;
+        auto bytes = readCandidate(path);
+        if (!bytes)
+            continue;
+        auto version = peekVersion(*bytes);
+        if (!version)
+            continue;
+        // On equal versions the earlier candidate, the shipped file, stays.
+        if (!best || numericCompare(*version, best->version) > 0)
+            best = Candidate{path, std::move(*bytes), std::move(*version)};
+    }
+    // A best candidate that fails to decode leaves the library empty: falling
+    // back to an older file would hide that the newer one is broken.
+    auto file = best ? CatalogueCodec::decode(best->bytes) : std::nullopt;
+    m_loadedPath = file ? best->path : QString();
+    apply(file ? std::move(*file) : File{});
+}
+
+void IconLibrary::apply(File file)
+{
+    m_icons = std::move(file.icons);
+    m_version = std::move(file.version);
+    m_byName.clear();
+    m_byName.reserve(m_icons.size());
+    QSet<QString> categories;
+    for (qsizetype i = 0; i < m_icons.size(); ++i) {
+        if (!m_byName.contains(m_icons[i].id())) // the first of two equal names wins
+            m_byName.insert(m_icons[i].id(), i);
+        categories.insert(m_icons[i].category());
+    }
+    m_categories = QStringList(categories.cbegin(), categories.cend());
+    std::sort(m_categories.begin(), m_categories.end());
+    {
+        const QMutexLocker lock(&m_cacheLock);
+        m_pathCache.clear();
+    }
+    emit catalogueChanged();
+}
+
+bool IconLibrary::install(const QByteArray& data, QString* error)
+{
+    QString reason;
+    auto file = CatalogueCodec::decode(data, &reason);
+    if (!file) {
+        if (error)
+            *error = QStringLiteral("The downloaded icon set is damaged: %1.").arg(reason);
+        return false;
+    }
+    const QString& path = m_sources.downloadedPath;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QSaveFile out(path);
+    if (!out.open(QIODevice::WriteOnly) || out.write(data) != data.size() || !out.commit()) {
+        if (error)
+            *error = QStringLiteral("Could not save %1: %2").arg(path, out.errorString());
+        return false;
+    }
+    m_loadedPath = path;
+    apply(std::move(*file));
+    return true;
+}
+
+int IconLibrary::outlineCount() const
+{
+    return static_cast<int>(std::count_if(m_icons.cbegin(), m_icons.cend(), [](const Icon& icon) {
+        return icon.outline().has_value();
+    }));
+}
+
+int IconLibrary::filledCount() const
+{
+    return static_cast<int>(std::count_if(m_icons.cbegin(), m_icons.cend(), [](const Icon& icon) {
+        return icon.filled().has_value();
+    }));
+}
+
+Icon IconLibrary::icon(QStringView name) const
+{
+    const auto it = m_byName.constFind(name.toString());
+    return it == m_byName.cend() ? Icon() : m_icons[*it];
+}
+
+std::optional<QPainterPath> IconLibrary::iconPath(const Icon& icon, IconStyle style) const
+{
+    // A filled request for an icon without a filled form draws its outline.
+    if (style == IconStyle::filled && !icon.has(IconStyle::filled))
+        style = IconStyle::outline;
+    const PathList* paths = icon.paths(style);
+    if (!paths)
+        return std::nullopt;
+    const QString key = icon.id() + (style == IconStyle::filled ? QStringLiteral("\x1F"
+                                                                                 "f")
+                                                                : QStringLiteral("\x1F"
+                                                                                 "o"));
+    {
+        const QMutexLocker lock(&m_cacheLock);
+        if (const auto it = m_pathCache.constFind(key); it != m_pathCache.cend())
+            return *it;
+    }
+    // Built outside the lock: two threads may build the same path, the last store wins.
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const QByteArray& d : *paths)
+        SVGPath::append(d, path); // a broken string only loses its own rest
+    const QMutexLocker lock(&m_cacheLock);
+    m_pathCache.insert(key, path);
+    return path;
+}
+
+QString IconLibrary::number(qint64 value)
+{
+    QString digits = QString::number(value < 0 ? -value : value);
+    for (qsizetype at = digits.size() - 3; at > 0; at -= 3)
+        digits.insert(at, u',');
+    return value < 0 ? u'-' + digits : digits;
+}

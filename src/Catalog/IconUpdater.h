@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QNetworkAccessManager>
+#include <QObject>
+#include <functional>
+
+class IconLibrary;
+class QNetworkReply;
+
+// Moves the catalogue to a newer icon set release on request: asks for the
+// newest version, downloads that release's files, converts and installs them.
+class IconUpdater : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString statusText READ statusText NOTIFY stateChanged)
+    Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
+
+public:
+    struct State {
+        enum class Kind { idle, checking, downloading, updated, failed, upToDate };
+        Kind kind = Kind::idle;
+        QString value; // the version, or the failure's description
+
+        // The line the settings window shows; empty for idle and checking.
+        QString text() const;
+        friend bool operator==(const State&, const State&) = default;
+    };
+
+    explicit IconUpdater(IconLibrary& library, QObject* parent = nullptr);
+    static IconUpdater& shared();
+
+    const State& state() const { return m_state; }
+    QString statusText() const { return m_state.text(); }
+    bool isBusy() const;
+
+    // Starts one check and returns at once; a check already under way is
+    // superseded.
+    Q_INVOKABLE void checkForNewIcons();
+
+    // Responses larger than this are refused.
+    static constexpr qint64 maxResponseBytes = 64 * 1024 * 1024;
+
+signals:
+    void stateChanged();
+
+private:
+    using Done = std::function<void(const QByteArray& body)>;
+    void fetch(const QUrl& url, quint64 check, Done done);
+    void download(const QString& version, quint64 check);
+    void setState(State::Kind kind, const QString& value = {});
+    void fail(quint64 check, const QString& message);
+
+    IconLibrary& m_library;
+    QNetworkAccessManager m_network;
+    State m_state;
+    quint64 m_check = 0;
+};

@@ -1,0 +1,161 @@
+#include "Catalog/CatalogueCodec.h"
+#include "FixtureHttpServer.h"
+#include "PictrayProcess.h"
+
+#include <QDir>
+#include <QTest>
+
+namespace {
+
+void write(const QString& path, const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+} // namespace
+
+class TestCliCatalogue : public QObject {
+    Q_OBJECT
+
+private slots:
+    void infoDescribesTheShippedCatalogue()
+    {
+        const PictrayProcess pictray;
+        const auto result = pictray.run({"info"});
+        QCOMPARE(result.exitCode, 0);
+        const QStringList lines = result.lines();
+        QCOMPARE(lines.size(), 6);
+        QVERIFY(lines[0].startsWith("version: 3."));
+        QVERIFY(lines[1].startsWith("icons: "));
+        QVERIFY(lines[2].startsWith("outline: "));
+        QVERIFY(lines[3].startsWith("filled: "));
+        QVERIFY(lines[4].startsWith("categories: "));
+        QCOMPARE(lines[5], QStringLiteral("source: shipped"));
+    }
+
+    void infoNamesANewerDownload()
+    {
+        const PictrayProcess pictray;
+        const QString path = pictray.dataDir() + "/Pictray/tabler-icons.json";
+        write(path, R"({"version":"99.0.0","icons":[{"n":"a","c":"X","t":[],"o":["M1 1"],"f":["M1 1"]}]})");
+        const auto result = pictray.run({"info"});
+        QCOMPARE(result.lines(), (QStringList{"version: 99.0.0", "icons: 1", "outline: 1", "filled: 1",
+                                              "categories: 1", "source: downloaded " + path}));
+    }
+
+    void searchAndNear()
+    {
+        const PictrayProcess pictray;
+        auto result = pictray.run({"search", "arrow", "left"});
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.lines().first(), QStringLiteral("arrow-left"));
+
+        const QStringList outline = pictray.run({"search", "home"}).lines();
+        const QStringList filled = pictray.run({"search", "--style", "filled", "home"}).lines();
+        QCOMPARE(filled.first(), QStringLiteral("home"));
+        QVERIFY(filled.size() < outline.size());
+        for (const QString& name : filled)
+            QVERIFY(outline.contains(name));
+
+        result = pictray.run({"search", "qqqzzz"});
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY(result.out.isEmpty());
+
+        result = pictray.run({"near", "--limit", "2", "umbrellas"});
+        QCOMPARE(result.lines().first(), QStringLiteral("words: umbre"));
+        QCOMPARE(result.lines().size(), 3);
+
+        result = pictray.run({"near", "xy"});
+        QCOMPARE(result.out, QByteArray("words: \n"));
+    }
+
+    void usageErrors_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::newRow("unknown command") << QStringList{"frobnicate"};
+        QTest::newRow("unknown flag") << QStringList{"--frobnicate"};
+        QTest::newRow("unknown option") << QStringList{"search", "--colour", "x"};
+        QTest::newRow("bad style") << QStringList{"search", "--style", "bold", "x"};
+        QTest::newRow("bad limit") << QStringList{"near", "--limit", "many", "x"};
+        QTest::newRow("catalogue without build") << QStringList{"catalogue", "-o", "x"};
+    }
+    void usageErrors()
+    {
+        QFETCH(QStringList, args);
+        const auto result = PictrayProcess().run(args);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY(result.out.isEmpty());
+        QVERIFY(result.err.startsWith("pictray: "));
+        QVERIFY(result.err.contains("Usage: pictray"));
+    }
+
+    void helpAndVersion()
+    {
+        const PictrayProcess pictray;
+        QVERIFY(pictray.run({"--help"}).out.contains("pictray search"));
+        QVERIFY(pictray.run({"--version"}).out.startsWith("pictray "));
+    }
+
+    void catalogueBuild()
+    {
+        const PictrayProcess pictray;
+        const QString package = pictray.dataDir() + "/package";
+        write(package + "/package.json", R"({"name":"@tabler/icons","version":"3.60.1"})");
+        write(package + "/icons.json", R"({"b":{"category":"C","tags":[null,"t",4]},"a":{}})");
+        write(package + "/tabler-nodes-outline.json", R"({"a":[["path",{"d":"M1 1"}]],"b":[]})");
+        write(package + "/tabler-nodes-filled.json", R"({"b":[["path",{"d":"M2 2"}]]})");
+        const QString out = pictray.dataDir() + "/out.json";
+
+        auto result = pictray.run({"catalogue", "build", "--from", package, "-o", out});
+        QCOMPARE(result.exitCode, 0);
+        QFile file(out);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray(R"({"version":"3.60.1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"]},)"
+                                            R"({"n":"b","c":"C","t":["t","4.0"],"o":[],"f":["M2 2"]}]})"));
+
+        result = pictray.run({"catalogue", "build", "--from", package, "--version", "1.2", "-o", out});
+        QCOMPARE(result.exitCode, 0);
+        file.close();
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(CatalogueCodec::decode(file.readAll())->version, QStringLiteral("1.2"));
+
+        QFile::remove(package + "/tabler-nodes-filled.json");
+        result = pictray.run({"catalogue", "build", "--from", package, "-o", out});
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY(result.err.contains("tabler-nodes-filled.json"));
+    }
+
+    void updateRunsOneCheck()
+    {
+        FixtureHttpServer server;
+        PictrayProcess pictray;
+        pictray.environment().insert("PICTRAY_LATEST_URL", server.url("/latest").toString());
+        pictray.environment().insert("PICTRAY_CDN_URL", server.url().toString());
+        const QString base = "/npm/@tabler/icons@99.1.0/";
+        server.serve("/latest", R"({"version":"99.1.0"})");
+        server.serve(base + "icons.json", R"({"x":{"category":"C"}})");
+        server.serve(base + "tabler-nodes-outline.json", R"({"x":[["path",{"d":"M1 1"}]]})");
+        server.serve(base + "tabler-nodes-filled.json", "{}");
+
+        auto result = pictray.run({"update"});
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(QString::fromUtf8(result.out),
+                 QString::fromUtf8("Downloading Tabler Icons 99.1.0…\nUpdated to Tabler Icons 99.1.0.\n"));
+        QCOMPARE(pictray.run({"info"}).lines().first(), QStringLiteral("version: 99.1.0"));
+
+        result = pictray.run({"update"});
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.out, QByteArray("You have the newest icons.\n"));
+
+        server.serve("/latest", {503, "busy"});
+        result = pictray.run({"update"});
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY(QString::fromUtf8(result.out).startsWith(QString::fromUtf8("Couldn’t update: ")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCliCatalogue)
+#include "tst_cli_catalogue.moc"

@@ -1,0 +1,306 @@
+#include "Catalog/CatalogueCodec.h"
+#include "Catalog/IconLibrary.h"
+#include "Catalog/NumericCompare.h"
+#include "Catalog/PackageConverter.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <thread>
+
+using PackageConverter::OutEntry;
+using PackageConverter::OutFile;
+
+namespace {
+
+QByteArray catalogue(const QString& version, std::vector<OutEntry> icons = {})
+{
+    if (icons.empty())
+        icons.push_back(
+            {QStringLiteral("home"), QStringLiteral("Buildings"), {}, PathList{"M5 12l-2 0"}, {}});
+    return OutFile{version, std::move(icons)}.encode();
+}
+
+void write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestIconLibrary : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    QString shipped() const { return m_dir.filePath(QStringLiteral("shipped.json")); }
+    QString downloaded() const
+    {
+        return m_dir.filePath(QStringLiteral("Pictray/tabler-icons.json"));
+    }
+
+private slots:
+    void init()
+    {
+        QFile::remove(shipped());
+        QFile::remove(downloaded());
+        QDir().mkpath(m_dir.filePath(QStringLiteral("Pictray")));
+    }
+
+    void numericComparison_data()
+    {
+        QTest::addColumn<QString>("a");
+        QTest::addColumn<QString>("b");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("minor digit count") << "3.10.0"
+                                           << "3.9.1" << 1;
+        QTest::newRow("equal") << "3.35.0"
+                               << "3.35.0" << 0;
+        QTest::newRow("leading zeros") << "3.010"
+                                       << "3.9" << 1;
+        QTest::newRow("prefix is smaller") << "3.1"
+                                           << "3.1.0" << -1;
+        QTest::newRow("letters") << "3.0.0-beta"
+                                 << "3.0.0-alpha" << 1;
+        QTest::newRow("empty") << ""
+                               << "0" << -1;
+        QTest::newRow("huge runs") << "99999999999999999999999"
+                                   << "100000000000000000000000" << -1;
+    }
+    void numericComparison()
+    {
+        QFETCH(QString, a);
+        QFETCH(QString, b);
+        QFETCH(int, expected);
+        QCOMPARE(numericCompare(a, b), expected);
+        QCOMPARE(numericCompare(b, a), -expected);
+    }
+
+    void choosesTheHigherVersion_data()
+    {
+        QTest::addColumn<QByteArray>("shippedBytes");
+        QTest::addColumn<QByteArray>("downloadedBytes");
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<bool>("fromDownload");
+        QTest::newRow("newer download")
+            << catalogue("3.9.0") << catalogue("3.10.0") << "3.10.0" << true;
+        QTest::newRow("older download")
+            << catalogue("3.10.0") << catalogue("3.9.0") << "3.10.0" << false;
+        QTest::newRow("equal keeps shipped")
+            << catalogue("3.9.0") << catalogue("3.9.0") << "3.9.0" << false;
+        QTest::newRow("no download") << catalogue("3.9.0") << QByteArray() << "3.9.0" << false;
+        QTest::newRow("nothing shipped") << QByteArray() << catalogue("1.0") << "1.0" << true;
+        QTest::newRow("unversioned download skipped")
+            << catalogue("3.9.0") << QByteArray("{\"icons\":[]}") << "3.9.0" << false;
+        QTest::newRow("spaced version read by full decode")
+            << catalogue("3.9.0")
+            << QByteArray(
+                   "{ \"version\" : \"3.11.0\", \"icons\": [{\"n\":\"x\",\"c\":\"\",\"t\":[]}]}")
+            << "3.11.0" << true;
+        QTest::newRow("version key later in the file")
+            << catalogue("3.9.0") << QByteArray("{\"icons\":[],\"version\":\"4.0\"}") << "4.0"
+            << true;
+    }
+    void choosesTheHigherVersion()
+    {
+        QFETCH(QByteArray, shippedBytes);
+        QFETCH(QByteArray, downloadedBytes);
+        QFETCH(QString, version);
+        QFETCH(bool, fromDownload);
+        if (!shippedBytes.isEmpty())
+            write(shipped(), shippedBytes);
+        if (!downloadedBytes.isEmpty())
+            write(downloaded(), downloadedBytes);
+        const IconLibrary library({shipped(), downloaded()});
+        QCOMPARE(library.version(), version);
+        QCOMPARE(library.loadedPath(), fromDownload ? downloaded() : shipped());
+    }
+
+    void brokenNewerDownloadLeavesTheLibraryEmpty()
+    {
+        write(shipped(), catalogue("3.9.0"));
+        QByteArray broken = catalogue("9.0.0");
+        broken.chop(10);
+        write(downloaded(), broken);
+        const IconLibrary library({shipped(), downloaded()});
+        QVERIFY(library.icons().isEmpty());
+        QVERIFY(library.version().isEmpty());
+        QVERIFY(library.loadedPath().isEmpty());
+    }
+
+    void undecodableFiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("missing n") << QByteArray(R"({"version":"1","icons":[{"c":"","t":[]}]})");
+        QTest::newRow("missing c") << QByteArray(R"({"version":"1","icons":[{"n":"a","t":[]}]})");
+        QTest::newRow("missing t") << QByteArray(R"({"version":"1","icons":[{"n":"a","c":""}]})");
+        QTest::newRow("numeric tag")
+            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[2]}]})");
+        QTest::newRow("paths not strings")
+            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":[1]}]})");
+        QTest::newRow("icons not array") << QByteArray(R"({"version":"1","icons":{}})");
+        QTest::newRow("not json") << QByteArray("{\"version\":\"1\",\"icons\":[\xff");
+        QTest::newRow("deep nesting")
+            << QByteArray("{\"version\":\"1\",\"icons\":") + QByteArray(5000, '[');
+        QTest::newRow("binary") << QByteArray("\x00\x01\x02\xfe", 4);
+    }
+    void undecodableFiles()
+    {
+        QFETCH(QByteArray, bytes);
+        QString error;
+        QVERIFY(!CatalogueCodec::decode(bytes, &error));
+        QVERIFY(!error.isEmpty());
+    }
+
+    void buildsIconsFromEntries()
+    {
+        const QByteArray bytes = R"({"version":"3.0","extra":1,"icons":[
+            {"n":"Home","c":"Buildings","t":["House","home","HOME","living","roof","x"],"o":["M1 1"],"f":null,"z":5},
+            {"n":"home","c":"Buildings","t":[],"o":["M2 2"],"f":["M3 3"]},
+            {"n":"home","c":"Other","t":[],"o":["M4 4"]},
+            {"n":"alone","c":"Arrows","t":["alone"]}]})";
+        write(shipped(), bytes);
+        const IconLibrary library({shipped(), {}});
+        QCOMPARE(library.iconCount(), 4);
+        QCOMPARE(library.categories(), (QStringList{"Arrows", "Buildings", "Other"}));
+        QCOMPARE(library.outlineCount(), 3);
+        QCOMPARE(library.filledCount(), 1);
+
+        const Icon first = library.icons().first();
+        QCOMPARE(first.searchName(), QStringLiteral("home"));
+        QCOMPARE(first.searchTags().first(), QStringLiteral("house"));
+        QVERIFY(!first.has(IconStyle::filled)); // null means no filled form
+        // Only the exact name is dropped; the case of the others stays.
+        QCOMPARE(first.tagLine(), QString::fromUtf8("House · home · HOME · living"));
+        QCOMPARE(library.icons().last().tagLine(), QStringLiteral("Arrows"));
+
+        // Exact, case-sensitive lookup; the first of two equal names wins.
+        QCOMPARE(library.icon(u"home").paths(IconStyle::outline)->first(), QByteArray("M2 2"));
+        QVERIFY(library.icon(u"HOME").isNull());
+        QVERIFY(library.icon(u"alone").paths(IconStyle::outline) == nullptr);
+    }
+
+    void installWritesOnlyGoodData()
+    {
+        write(shipped(), catalogue("3.9.0"));
+        IconLibrary library({shipped(), downloaded()});
+        QSignalSpy changed(&library, &IconLibrary::catalogueChanged);
+
+        QString error;
+        QVERIFY(!library.install("{\"version\":\"9.9\",\"icons\":[{}]}", &error));
+        QVERIFY(error.contains(u"damaged"));
+        QVERIFY(!QFile::exists(downloaded()));
+        QCOMPARE(library.version(), QStringLiteral("3.9.0"));
+        QCOMPARE(changed.count(), 0);
+
+        const QByteArray good = catalogue("3.10.0");
+        QVERIFY(library.install(good, &error));
+        QCOMPARE(read(downloaded()), good);
+        QCOMPARE(library.version(), QStringLiteral("3.10.0"));
+        QCOMPARE(library.loadedPath(), downloaded());
+        QCOMPARE(changed.count(), 1);
+
+        // The next start finds the installed file.
+        QCOMPARE(IconLibrary({shipped(), downloaded()}).version(), QStringLiteral("3.10.0"));
+    }
+
+    void installFailsCleanlyWhenTheFolderIsNotWritable()
+    {
+        write(shipped(), catalogue("1.0"));
+        const QString blocker = m_dir.filePath(QStringLiteral("file"));
+        write(blocker, "x");
+        IconLibrary library({shipped(), blocker + QStringLiteral("/sub/tabler-icons.json")});
+        QString error;
+        QVERIFY(!library.install(catalogue("2.0"), &error));
+        QVERIFY(!error.isEmpty());
+        QCOMPARE(library.version(), QStringLiteral("1.0"));
+    }
+
+    void peekVersion_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("version");
+        QTest::newRow("compact") << QByteArray(R"({"version":"3.51.0","icons":[)") << "3.51.0";
+        QTest::newRow("broken after the start")
+            << QByteArray(R"({"version":"7.0","icons":[{{{)") << "7.0";
+        QTest::newRow("empty value then full decode")
+            << QByteArray(R"({"version":"","icons":[]})") << "";
+        QTest::newRow("cut multibyte char in the first 64 bytes")
+            << QByteArray(R"({"version":"1.0","x":")") + QByteArray(40, 'a') + "\xc3\xa9\"}"
+            << "1.0";
+        QTest::newRow("no version") << QByteArray(R"({"icons":[]})") << QString();
+    }
+    void peekVersion()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, version);
+        const auto peeked = IconLibrary::peekVersion(bytes);
+        QCOMPARE(peeked.value_or(QStringLiteral("<none>")),
+                 version.isNull() ? QStringLiteral("<none>") : version);
+    }
+
+    void pathsAreCachedPerStyleAndThreadSafe()
+    {
+        write(shipped(), R"({"version":"1","icons":[
+            {"n":"a","c":"","t":[],"o":["M0 0L10 0"],"f":["M0 0L5 5L0 5Z"]},
+            {"n":"b","c":"","t":[],"f":["M1 1L2 2"]}]})");
+        const IconLibrary library({shipped(), {}});
+        const Icon a = library.icon(u"a");
+        const Icon b = library.icon(u"b");
+        QVERIFY(library.iconPath(b, IconStyle::outline) == std::nullopt);
+        QVERIFY(library.iconPath(b, IconStyle::filled).has_value());
+
+        std::vector<std::thread> threads;
+        std::atomic<int> mismatches{0};
+        for (int t = 0; t < 4; ++t) {
+            threads.emplace_back([&] {
+                for (int i = 0; i < 200; ++i) {
+                    const auto outline = library.iconPath(a, IconStyle::outline);
+                    const auto filled = library.iconPath(a, IconStyle::filled);
+                    if (!outline || !filled || outline->fillRule() != Qt::WindingFill ||
+                        outline->elementCount() == filled->elementCount())
+                        ++mismatches;
+                }
+            });
+        }
+        for (auto& thread : threads)
+            thread.join();
+        QCOMPARE(mismatches.load(), 0);
+    }
+
+    void groupsThousands_data()
+    {
+        QTest::addColumn<qint64>("value");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("small") << qint64(999) << "999";
+        QTest::newRow("thousands") << qint64(5233) << "5,233";
+        QTest::newRow("millions") << qint64(1234567) << "1,234,567";
+        QTest::newRow("negative") << qint64(-1000) << "-1,000";
+        QTest::newRow("zero") << qint64(0) << "0";
+    }
+    void groupsThousands()
+    {
+        QFETCH(qint64, value);
+        QFETCH(QString, text);
+        QCOMPARE(IconLibrary::number(value), text);
+    }
+
+    void shippedCatalogueLoadsCompletely()
+    {
+        const IconLibrary library({IconLibrary::shippedFilePath(), {}});
+        QVERIFY(library.iconCount() > 5000);
+        QVERIFY(library.filledCount() > 1000);
+        QVERIFY(!library.icon(u"arrow-left").isNull());
+        QVERIFY(library.icon(u"icons").has(IconStyle::outline));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestIconLibrary)
+#include "tst_iconlibrary.moc"

@@ -1,0 +1,128 @@
+#include "Catalog/IconLibrary.h"
+
+#include <QTest>
+
+namespace {
+
+Icon icon(const char* name, QStringList tags = {}, const char* category = "")
+{
+    return Icon(QString::fromUtf8(name), QString::fromUtf8(category), std::move(tags), PathList{},
+                {});
+}
+
+QStringList names(const IconList& icons)
+{
+    QStringList result;
+    for (const Icon& i : icons)
+        result.append(i.id());
+    return result;
+}
+
+// Names chosen so each scoring rule decides one place.
+const IconList fixture{
+    icon("arrow-left-circle"),                      // 80 + 70 for "arrow left"
+    icon("circle-arrow-left", {"Direction"}),       // 70 + 70
+    icon("sparrow", {"bird"}),                      // 50 for "arrow"
+    icon("compass", {"direction", "arrow", "nav"}), // tag equal
+    icon("signpost", {"arrows", "road"}),           // tag prefix
+    icon("map", {"treasure-arrowhead"}),            // tag contains
+    icon("arrow-left"),                             // exact joined name
+    icon("arrow"),                                  // exact word
+    icon("Umbrella", {"rain"}),
+};
+
+} // namespace
+
+class TestIconSearch : public QObject {
+    Q_OBJECT
+
+private slots:
+    void ranks_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("rules in order")
+            << "arrow"
+            << QStringList{"arrow",   "arrow-left-circle", "arrow-left", "circle-arrow-left",
+                           "sparrow", "compass",           "signpost",   "map"};
+        QTest::newRow("exact joined name first")
+            << "arrow left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
+        QTest::newRow("comma splits like space")
+            << "arrow,left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
+        QTest::newRow("case folded once")
+            << "ARROW Left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
+        QTest::newRow("hyphenated word") << "left-c" << QStringList{"arrow-left-circle"};
+        QTest::newRow("tags compared lower-cased")
+            << "direction" << QStringList{"circle-arrow-left", "compass"};
+        QTest::newRow("upper-case name matched lower") << "umbrella" << QStringList{"Umbrella"};
+        QTest::newRow("one word missing drops the icon") << "arrow zebra" << QStringList{};
+        QTest::newRow("nothing") << "zzz" << QStringList{};
+    }
+    void ranks()
+    {
+        QFETCH(QString, query);
+        QFETCH(QStringList, expected);
+        QCOMPARE(names(IconSearch::search(query, fixture)), expected);
+    }
+
+    void emptyQueriesKeepTheList()
+    {
+        for (const QString& query : {QString(), QStringLiteral("   "), QStringLiteral(" , ,")})
+            QCOMPARE(names(IconSearch::search(query, fixture)), names(fixture));
+    }
+
+    void equalScoresKeepTheGivenOrder()
+    {
+        const IconList list{icon("b-home"), icon("a-home"), icon("c-home")};
+        QCOMPARE(names(IconSearch::search(u"home", list)),
+                 (QStringList{"b-home", "a-home", "c-home"}));
+        IconList reversed(list.crbegin(), list.crend());
+        QCOMPARE(names(IconSearch::search(u"home", reversed)),
+                 (QStringList{"c-home", "a-home", "b-home"}));
+    }
+
+    void nearMatches_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<QStringList>("words");
+        QTest::addColumn<QStringList>("icons");
+        QTest::newRow("five letters first")
+            << "umbrellas" << 5 << QStringList{"umbre"} << QStringList{"Umbrella"};
+        QTest::newRow("shortens to three") << "arrqq" << 5 << QStringList{"arr"}
+                                           << QStringList{"arrow-left-circle", "circle-arrow-left",
+                                                          "sparrow", "compass", "signpost"};
+        QTest::newRow("tag prefix counts")
+            << "birdsong" << 5 << QStringList{"bird"} << QStringList{"sparrow"};
+        QTest::newRow("short words skipped") << "ab cd" << 5 << QStringList{} << QStringList{};
+        QTest::newRow("words stop at the limit")
+            << "umbrellas roads" << 1 << QStringList{"umbre"} << QStringList{"Umbrella"};
+        QTest::newRow("second word adds, no duplicates")
+            << "rainy umbrellas" << 5 << QStringList{"rain", "umbre"} << QStringList{"Umbrella"};
+        QTest::newRow("nothing found") << "qqqqq" << 5 << QStringList{} << QStringList{};
+    }
+    void nearMatches()
+    {
+        QFETCH(QString, query);
+        QFETCH(int, limit);
+        QFETCH(QStringList, words);
+        QFETCH(QStringList, icons);
+        const auto result = IconSearch::nearMatches(query, limit, fixture);
+        QCOMPARE(result.words, words);
+        QCOMPARE(names(result.icons), icons);
+    }
+
+    void realCatalogue()
+    {
+        const IconLibrary library({IconLibrary::shippedFilePath(), {}});
+        const IconList arrowLeft = library.search(u"arrow left", library.icons());
+        QCOMPARE(arrowLeft.first().id(), QStringLiteral("arrow-left"));
+        QCOMPARE(library.search(u"settings", library.icons()).first().id(),
+                 QStringLiteral("settings"));
+        QVERIFY(library.search(u"zzzq", library.icons()).isEmpty());
+        QCOMPARE(library.nearMatches(u"umbrellas", 5).words, QStringList{QStringLiteral("umbre")});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestIconSearch)
+#include "tst_iconsearch.moc"

@@ -1,0 +1,175 @@
+#include "Catalog/IconLibrary.h"
+#include "Catalog/IconUpdater.h"
+#include "Catalog/PackageConverter.h"
+#include "FixtureHttpServer.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using Kind = IconUpdater::State::Kind;
+
+namespace {
+
+const QByteArray metadata = R"({"home": {"category": "Buildings", "tags": ["house", 2]},
+                                "star": {"category": "Shapes", "tags": ["favorite"]}})";
+const QByteArray outlineNodes = R"({"home": [["path", {"d": "M5 12l-2 0"}]],
+                                    "star": [["circle", {"r": "1"}], ["path", {"d": "M12 17.75l-6.172 3.245"}]]})";
+const QByteArray filledNodes = R"({"star": [["path", {"d": "M8.243 7.34l-6.38 .925"}]]})";
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestIconUpdater : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+    std::unique_ptr<FixtureHttpServer> m_server;
+    std::unique_ptr<IconLibrary> m_library;
+    std::unique_ptr<IconUpdater> m_updater;
+    QList<IconUpdater::State> m_states;
+
+    QString downloaded() const { return m_dir.filePath(QStringLiteral("data/tabler-icons.json")); }
+
+    void serveRelease(const QString& version, const QByteArray& meta = metadata,
+                      const QByteArray& outline = outlineNodes,
+                      const QByteArray& filled = filledNodes)
+    {
+        const QString base = QStringLiteral("/npm/@tabler/icons@") + version + u'/';
+        m_server->serve(QStringLiteral("/latest"), "{\"version\": \"" + version.toUtf8() + "\"}");
+        m_server->serve(base + QStringLiteral("icons.json"), meta);
+        m_server->serve(base + QStringLiteral("tabler-nodes-outline.json"), outline);
+        m_server->serve(base + QStringLiteral("tabler-nodes-filled.json"), filled);
+    }
+
+    void check()
+    {
+        m_updater->checkForNewIcons();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_updater->isBusy(), 10000);
+    }
+
+    void expectUnchanged()
+    {
+        QCOMPARE(m_library->version(), QStringLiteral("3.9.2"));
+        QVERIFY(!QFile::exists(downloaded()));
+    }
+
+private slots:
+    void init()
+    {
+        QFile::remove(downloaded());
+        const QString shipped = m_dir.filePath(QStringLiteral("shipped.json"));
+        QFile file(shipped);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(R"({"version":"3.9.2","icons":[{"n":"old","c":"","t":[],"o":["M1 1"]}]})");
+        file.close();
+        m_server = std::make_unique<FixtureHttpServer>();
+        qputenv("PICTRAY_LATEST_URL", m_server->url(QStringLiteral("/latest")).toEncoded());
+        qputenv("PICTRAY_CDN_URL", m_server->url().toEncoded());
+        m_library = std::make_unique<IconLibrary>(IconLibrary::Sources{shipped, downloaded()});
+        m_updater = std::make_unique<IconUpdater>(*m_library);
+        m_states.clear();
+        connect(m_updater.get(), &IconUpdater::stateChanged, this,
+                [this] { m_states.append(m_updater->state()); });
+    }
+
+    void upToDateDownloadsNothing()
+    {
+        serveRelease(QStringLiteral("3.9.2"));
+        check();
+        QCOMPARE(m_updater->state().kind, Kind::upToDate);
+        QCOMPARE(m_updater->statusText(), QStringLiteral("You have the newest icons."));
+        QCOMPARE(m_server->requests(), QStringList{QStringLiteral("/latest")});
+        expectUnchanged();
+    }
+
+    void newerReleaseIsInstalled()
+    {
+        serveRelease(QStringLiteral("3.10.0"));
+        check();
+        QCOMPARE(m_states.size(), 3);
+        QCOMPARE(m_states[0].kind, Kind::checking);
+        QCOMPARE(m_states[1].text(), QStringLiteral("Downloading Tabler Icons 3.10.0\u2026"));
+        QCOMPARE(m_states[2].text(), QStringLiteral("Updated to Tabler Icons 3.10.0."));
+
+        QCOMPARE(m_library->version(), QStringLiteral("3.10.0"));
+        QCOMPARE(m_library->iconCount(), 2);
+        const Icon home = m_library->icon(u"home");
+        QCOMPARE(home.tags(), (QStringList{"house", "2.0"}));
+        QVERIFY(!home.has(IconStyle::filled));
+        QCOMPARE(m_library->icon(u"star").outline()->size(), 1); // the circle is dropped
+        QVERIFY(readFile(downloaded()).startsWith(R"({"version":"3.10.0","icons":[)"));
+
+        // The next start prefers the downloaded release.
+        QCOMPARE(IconLibrary(m_library->sources()).version(), QStringLiteral("3.10.0"));
+        // A second check is now up to date.
+        check();
+        QCOMPARE(m_updater->state().kind, Kind::upToDate);
+    }
+
+    void brokenNodeFileContributesNothing()
+    {
+        serveRelease(QStringLiteral("4.0.0"), metadata, outlineNodes, "{\"star\": 5}");
+        check();
+        QCOMPARE(m_updater->state().kind, Kind::updated);
+        QCOMPARE(m_library->iconCount(), 2);
+        QCOMPARE(m_library->filledCount(), 0);
+    }
+
+    void failuresChangeNothing_data()
+    {
+        QTest::addColumn<QString>("problem");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("server error on latest") << "latest500"
+                                                << "answered 500";
+        QTest::newRow("answer without version") << "noVersion"
+                                                << "has no version";
+        QTest::newRow("implausible version") << "badVersion"
+                                             << "unusable version";
+        QTest::newRow("metadata of the wrong shape") << "badMeta"
+                                                     << "is damaged";
+        QTest::newRow("missing file") << "file404"
+                                      << "answered 404";
+        QTest::newRow("connection refused") << "refused"
+                                            << "";
+    }
+    void failuresChangeNothing()
+    {
+        QFETCH(QString, problem);
+        QFETCH(QString, message);
+        serveRelease(QStringLiteral("3.10.0"));
+        if (problem == u"latest500")
+            m_server->serve(QStringLiteral("/latest"), {500, "oops"});
+        else if (problem == u"noVersion")
+            m_server->serve(QStringLiteral("/latest"), "{\"name\": \"@tabler/icons\"}");
+        else if (problem == u"badVersion")
+            m_server->serve(QStringLiteral("/latest"), "{\"version\": \"../../x\"}");
+        else if (problem == u"badMeta")
+            serveRelease(QStringLiteral("3.10.0"), "[1, 2]");
+        else if (problem == u"file404")
+            m_server->serve(QStringLiteral("/npm/@tabler/icons@3.10.0/tabler-nodes-filled.json"),
+                            {404, "no"});
+        else if (problem == u"refused") {
+            QTcpServer closed;
+            QVERIFY(closed.listen(QHostAddress::LocalHost));
+            const quint16 port = closed.serverPort();
+            closed.close();
+            qputenv("PICTRAY_LATEST_URL",
+                    QByteArray("http://127.0.0.1:") + QByteArray::number(port) + "/latest");
+        }
+        check();
+        QCOMPARE(m_updater->state().kind, Kind::failed);
+        QVERIFY2(m_updater->statusText().startsWith(QStringLiteral("Couldn\u2019t update: ")),
+                 qPrintable(m_updater->statusText()));
+        QVERIFY2(m_updater->statusText().contains(message), qPrintable(m_updater->statusText()));
+        expectUnchanged();
+    }
+};
+
+QTEST_GUILESS_MAIN(TestIconUpdater)
+#include "tst_iconupdater.moc"
