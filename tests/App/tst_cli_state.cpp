@@ -69,10 +69,6 @@ private slots:
         QTest::addColumn<QByteArray>("message");
         QTest::newRow("not a number") << QStringList{"set", "recentsLimit", "abc"} << 1
                                       << QByteArray("expected a whole number");
-        QTest::newRow("enum case") << QStringList{"set", "defaultStyle", "Filled"} << 1
-                                   << QByteArray("expected one of outline, filled");
-        QTest::newRow("broken shortcut")
-            << QStringList{"set", "copyLastHotKey", "{"} << 1 << QByteArray("copyLastHotKey");
         QTest::newRow("unknown key")
             << QStringList{"get", "colour"} << 2 << QByteArray("unknown setting 'colour'");
         QTest::newRow("missing value")
