@@ -5,17 +5,9 @@ Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathLis
 {
     auto* data = new Data;
     data->searchName = id.toLower();
-    data->haystack = data->searchName.toUtf8();
-    data->nameLength = data->haystack.size();
     data->searchTags.reserve(tags.size());
-    data->tagEnds.reserve(static_cast<std::size_t>(tags.size()));
-    for (const QString& tag : std::as_const(tags)) {
-        QString lower = tag.toLower();
-        data->haystack += '\n';
-        data->haystack += lower.toUtf8();
-        data->tagEnds.push_back(data->haystack.size());
-        data->searchTags.append(std::move(lower));
-    }
+    for (const QString& tag : std::as_const(tags))
+        data->searchTags.append(tag.toLower());
     data->id = std::move(id);
     data->category = std::move(category);
     data->tags = std::move(tags);

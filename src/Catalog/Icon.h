@@ -54,9 +54,10 @@ public:
         return a.d == b.d || (a.d && b.d && a.d->id == b.d->id);
     }
 
-private:
-    friend class IconSearch;
+    // Tells icon data apart without comparing names: copies share it.
+    const void* identity() const { return d.data(); }
 
+private:
     struct Data : QSharedData {
         QString id;
         QString category;
@@ -65,11 +66,6 @@ private:
         std::optional<PathList> filled;
         QString searchName;
         QStringList searchTags;
-        // Lower-cased UTF-8 of the name, then each tag, with tagEnds marking
-        // where each tag stops: search matches bytes and never folds case.
-        QByteArray haystack;
-        qsizetype nameLength = 0;
-        std::vector<qsizetype> tagEnds;
     };
     QExplicitlySharedDataPointer<const Data> d;
 };
@@ -78,6 +74,8 @@ inline size_t qHash(const Icon& icon, size_t seed = 0)
 {
     return qHash(icon.isNull() ? QString() : icon.id(), seed);
 }
+
+Q_DECLARE_TYPEINFO(Icon, Q_RELOCATABLE_TYPE);
 
 using IconList = QList<Icon>;
 

@@ -124,6 +124,7 @@ void IconLibrary::apply(File file)
     }
     m_categories = QStringList(categories.cbegin(), categories.cend());
     std::sort(m_categories.begin(), m_categories.end());
+    m_search = IconSearch(m_icons);
     {
         const QMutexLocker lock(&m_cacheLock);
         m_pathCache.clear();

@@ -70,11 +70,11 @@ public:
 
     IconList search(QStringView query, const IconList& icons) const
     {
-        return IconSearch::search(query, icons);
+        return m_search.search(query, icons);
     }
     IconSearch::NearMatches nearMatches(QStringView query, int limit) const
     {
-        return IconSearch::nearMatches(query, limit, m_icons);
+        return m_search.nearMatches(query, limit);
     }
 
     // 5233 -> "5,233"
@@ -90,6 +90,7 @@ private:
     QString m_version;
     QStringList m_categories;
     QHash<QString, qsizetype> m_byName;
+    IconSearch m_search;
 
     mutable QMutex m_cacheLock;
     mutable QHash<QString, QPainterPath> m_pathCache;

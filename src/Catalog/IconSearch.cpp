@@ -1,63 +1,61 @@
 #include "IconSearch.h"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace {
 
-// Scores use the lower-cased UTF-8 prepared with each icon, so a search folds
-// the case of the query once and of nothing else.
-struct Prepared {
-    std::string_view haystack;
-    std::string_view name;
-    const std::vector<qsizetype>* tagEnds;
-
-    template <typename F> void forEachTag(F&& f) const
-    {
-        std::size_t start = name.size() + 1;
-        for (const qsizetype end : *tagEnds) {
-            f(haystack.substr(start, static_cast<std::size_t>(end) - start));
-            start = static_cast<std::size_t>(end) + 1;
+// Which bytes and byte pairs occur in a text, hashed into 64 + 256 bits.
+// An entry lacking a bit of a word cannot contain the word, which rules out
+// most icons before any of their bytes are compared.
+IconSearch::Signature signature(std::string_view text)
+{
+    IconSearch::Signature bits{};
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        bits[0] |= quint64(1) << (byte % 64);
+        if (i + 1 < text.size()) {
+            const unsigned pair = (byte * 31u + static_cast<unsigned char>(text[i + 1])) % 256u;
+            bits[1 + pair / 64] |= quint64(1) << (pair % 64);
         }
     }
-};
-
-bool startsSegment(std::string_view name, std::string_view word)
-{
-    if (word.find('-') != std::string_view::npos)
-        return false; // a segment never holds a hyphen
-    for (std::size_t at = name.find(word); at != std::string_view::npos;
-         at = name.find(word, at + 1)) {
-        if (at == 0 || name[at - 1] == '-')
-            return true;
-    }
-    return false;
+    return bits;
 }
 
-int scoreWord(const Prepared& icon, std::string_view word)
+bool covers(const IconSearch::Signature& entry, const IconSearch::Signature& wanted)
 {
-    const std::string_view name = icon.name;
-    if (name == word)
-        return 100;
-    if (name.starts_with(word))
-        return 80;
-    if (startsSegment(name, word))
-        return 70;
-    if (name.find(word) != std::string_view::npos)
-        return 50;
-    int best = 0;
-    icon.forEachTag([&](std::string_view tag) {
-        if (best == 40)
-            return;
-        if (tag == word)
-            best = 40;
-        else if (best < 30 && tag.starts_with(word))
-            best = 30;
-        else if (best < 15 && tag.find(word) != std::string_view::npos)
-            best = 15;
-    });
-    return best;
+    quint64 missing = 0;
+    for (std::size_t i = 0; i < entry.size(); ++i)
+        missing |= wanted[i] & ~entry[i];
+    return missing == 0;
+}
+
+// Names and tags are a few dozen bytes: a plain loop beats memchr+memcmp
+// calls, which dominate when the first byte is common.
+std::size_t find(std::string_view hay, std::string_view needle, std::size_t from = 0)
+{
+    const std::size_t n = needle.size();
+    if (n > hay.size())
+        return std::string_view::npos;
+    const char first = needle.front();
+    const char* p = hay.data();
+    for (std::size_t i = from, last = hay.size() - n; i <= last; ++i) {
+        if (p[i] != first)
+            continue;
+        std::size_t k = 1;
+        while (k < n && p[i + k] == needle[k])
+            ++k;
+        if (k == n)
+            return i;
+    }
+    return std::string_view::npos;
+}
+
+bool contains(std::string_view hay, std::string_view needle)
+{
+    return find(hay, needle) != std::string_view::npos;
 }
 
 std::string_view view(const QByteArray& bytes)
@@ -65,7 +63,35 @@ std::string_view view(const QByteArray& bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
+// Tags are kept one per line; a line break inside a tag would split it.
+QByteArray indexText(const QString& text)
+{
+    QByteArray bytes = text.toUtf8();
+    bytes.replace('\n', ' ');
+    return bytes;
+}
+
 } // namespace
+
+IconSearch::IconSearch(const IconList& icons) : m_icons(icons)
+{
+    m_entries.reserve(static_cast<std::size_t>(icons.size()));
+    m_signatures.reserve(static_cast<std::size_t>(icons.size()));
+    m_entryOf.reserve(icons.size());
+    for (const Icon& icon : icons) {
+        const auto start = static_cast<std::uint32_t>(m_text.size());
+        m_text += indexText(icon.searchName());
+        const auto nameEnd = static_cast<std::uint32_t>(m_text.size());
+        for (const QString& tag : icon.searchTags()) {
+            m_text += '\n';
+            m_text += indexText(tag);
+        }
+        const auto end = static_cast<std::uint32_t>(m_text.size());
+        m_entries.push_back({start, nameEnd, end});
+        m_signatures.push_back(signature(std::string_view(m_text).substr(start, end - start)));
+        m_entryOf.insert(icon.identity(), static_cast<std::uint32_t>(m_entries.size() - 1));
+    }
+}
 
 QStringList IconSearch::queryWords(QStringView query)
 {
@@ -82,60 +108,152 @@ QStringList IconSearch::queryWords(QStringView query)
     return words;
 }
 
-IconList IconSearch::search(QStringView query, const IconList& icons)
+std::string_view IconSearch::name(const Entry& entry) const
+{
+    return std::string_view(m_text.constData() + entry.start, entry.nameEnd - entry.start);
+}
+
+template <typename F> void IconSearch::forEachTag(const Entry& entry, F&& f) const
+{
+    const std::string_view all(m_text.constData(), static_cast<std::size_t>(m_text.size()));
+    std::size_t at = entry.nameEnd;
+    while (at < entry.end) {
+        const std::size_t tagStart = at + 1;
+        std::size_t tagEnd = all.find('\n', tagStart);
+        if (tagEnd == std::string_view::npos || tagEnd > entry.end)
+            tagEnd = entry.end;
+        if (!f(all.substr(tagStart, tagEnd - tagStart)))
+            return;
+        at = tagEnd;
+    }
+}
+
+// The rules rank name matches above tag matches and, within each, an exact
+// match above a prefix above a segment start above any substring, so a
+// word's score is the best rule any of its occurrences meets: one pass over
+// the entry finds them all.
+int IconSearch::scoreWord(const Entry& entry, const Word& word) const
+{
+    const std::string_view text = word.text;
+    const std::string_view iconName(m_text.constData() + entry.start, entry.nameEnd - entry.start);
+    int best = 0;
+    for (std::size_t at = find(iconName, text); at != std::string_view::npos;
+         at = find(iconName, text, at + 1)) {
+        if (at == 0)
+            return iconName.size() == text.size() ? 100 : 80;
+        best = std::max(best, !word.hyphenated && iconName[at - 1] == '-' ? 70 : 50);
+    }
+    if (best > 0)
+        return best; // any name match outranks every tag match
+
+    const std::string_view tags(m_text.constData() + entry.nameEnd, entry.end - entry.nameEnd);
+    for (std::size_t at = find(tags, text); at != std::string_view::npos;
+         at = find(tags, text, at + 1)) {
+        const std::size_t after = at + text.size();
+        const bool tagStart = tags[at - 1] == '\n'; // tags always begin after a line break
+        const bool tagEnd = after == tags.size() || tags[after] == '\n';
+        best = std::max(best, tagStart ? (tagEnd ? 40 : 30) : 15);
+        if (best == 40)
+            break;
+    }
+    return best;
+}
+
+std::vector<std::uint32_t> IconSearch::slotsOf(const IconList& icons) const
+{
+    std::vector<std::uint32_t> entryIds;
+    // The catalogue's own list, as the picker's All tab passes it.
+    if (icons.constData() == m_icons.constData() && icons.size() == m_icons.size()) {
+        entryIds.resize(static_cast<std::size_t>(icons.size()));
+        for (std::uint32_t i = 0; i < entryIds.size(); ++i)
+            entryIds[i] = i;
+        return entryIds;
+    }
+    entryIds.reserve(static_cast<std::size_t>(icons.size()));
+    for (const Icon& icon : icons) {
+        const auto it = m_entryOf.constFind(icon.identity());
+        if (it == m_entryOf.cend())
+            return {};
+        entryIds.push_back(*it);
+    }
+    return entryIds;
+}
+
+IconList IconSearch::search(QStringView query, const IconList& icons) const
 {
     const QStringList words = queryWords(query);
     if (words.isEmpty())
         return icons;
+    const std::vector<std::uint32_t> entryIds = slotsOf(icons);
+    if (entryIds.size() != static_cast<std::size_t>(icons.size()))
+        return IconSearch(icons).search(query, icons);
 
     std::vector<QByteArray> utf8Words;
-    utf8Words.reserve(static_cast<std::size_t>(words.size()));
-    for (const QString& word : words)
+    std::vector<Word> prepared;
+    Signature wanted{};
+    for (const QString& word : words) {
         utf8Words.push_back(word.toUtf8());
+        const std::string_view text = view(utf8Words.back());
+        // Lines separate tags here: a word with a line break matches nothing.
+        if (contains(text, "\n"))
+            return {};
+        prepared.push_back({text, contains(text, "-")});
+        const Signature bits = signature(text);
+        for (std::size_t i = 0; i < wanted.size(); ++i)
+            wanted[i] |= bits[i];
+    }
     const QByteArray joinedBytes = words.join(u'-').toUtf8();
     const std::string_view joined = view(joinedBytes);
 
-    struct Hit {
-        int score;
-        qsizetype position;
-    };
     std::vector<Hit> hits;
-    for (qsizetype position = 0; position < icons.size(); ++position) {
-        const auto& data = *icons[position].d;
-        const Prepared icon{
-            view(data.haystack),
-            view(data.haystack).substr(0, static_cast<std::size_t>(data.nameLength)),
-            &data.tagEnds};
+    for (std::uint32_t position = 0; position < entryIds.size(); ++position) {
+        const std::uint32_t slot = entryIds[position];
+        // A word the entry lacks fails the icon; the fallback through the
+        // joined query cannot save it then, since the joined query holds
+        // every word.
+        if (!covers(m_signatures[slot], wanted))
+            continue;
+        const Entry& entry = m_entries[slot];
+        const std::string_view iconName = name(entry);
         int score = 0;
-        for (const QByteArray& bytes : utf8Words) {
-            const std::string_view word = view(bytes);
-            // Most icons contain none of the words anywhere: skip the rules for them.
-            const int wordScore =
-                icon.haystack.find(word) == std::string_view::npos ? 0 : scoreWord(icon, word);
+        for (const Word& word : prepared) {
+            const int wordScore = scoreWord(entry, word);
             if (wordScore == 0) {
-                score = icon.name.find(joined) == std::string_view::npos ? -1 : 60;
+                score = contains(iconName, joined) ? 60 : -1;
                 break;
             }
             score += wordScore;
         }
         if (score < 0)
             continue;
-        if (icon.name == joined)
+        if (iconName == joined)
             score += 1000;
         hits.push_back({score, position});
     }
+    return sortedByScore(hits, icons);
+}
 
-    std::stable_sort(hits.begin(), hits.end(),
-                     [](const Hit& a, const Hit& b) { return a.score > b.score; });
-    IconList result;
-    result.reserve(static_cast<qsizetype>(hits.size()));
+// Scores are small integers: a counting sort by score, highest first, keeps
+// the input order within a score without comparing positions.
+IconList IconSearch::sortedByScore(const std::vector<Hit>& hits, const IconList& icons)
+{
+    int top = 0;
     for (const Hit& hit : hits)
-        result.append(icons[hit.position]);
+        top = std::max(top, hit.score);
+    std::vector<std::uint32_t> start(static_cast<std::size_t>(top) + 2, 0);
+    for (const Hit& hit : hits)
+        ++start[static_cast<std::size_t>(top - hit.score) + 1];
+    for (std::size_t i = 1; i < start.size(); ++i)
+        start[i] += start[i - 1];
+
+    IconList result(static_cast<qsizetype>(hits.size()));
+    Icon* out = result.data();
+    for (const Hit& hit : hits)
+        out[start[static_cast<std::size_t>(top - hit.score)]++] = icons[hit.position];
     return result;
 }
 
-IconSearch::NearMatches IconSearch::nearMatches(QStringView query, int limit,
-                                                const IconList& catalogue)
+IconSearch::NearMatches IconSearch::nearMatches(QStringView query, int limit) const
 {
     NearMatches result;
     const auto limitSize = static_cast<qsizetype>(std::max(limit, 0));
@@ -146,16 +264,20 @@ IconSearch::NearMatches IconSearch::nearMatches(QStringView query, int limit,
             continue;
         for (qsizetype length = std::min<qsizetype>(word.size(), 5); length >= 3; --length) {
             const QString prefix = word.first(length);
+            const QByteArray prefixBytes = prefix.toUtf8();
+            const std::string_view needle = view(prefixBytes);
             IconList found;
-            for (const Icon& icon : catalogue) {
-                if (found.size() >= wanted)
-                    break;
-                const bool hit =
-                    icon.searchName().contains(prefix) ||
-                    std::any_of(icon.searchTags().cbegin(), icon.searchTags().cend(),
-                                [&](const QString& tag) { return tag.startsWith(prefix); });
+            for (std::size_t slot = 0; slot < m_entries.size() && found.size() < wanted; ++slot) {
+                const Entry& entry = m_entries[slot];
+                bool hit = contains(name(entry), needle);
+                if (!hit) {
+                    forEachTag(entry, [&](std::string_view tag) {
+                        hit = tag.starts_with(needle);
+                        return !hit;
+                    });
+                }
                 if (hit)
-                    found.append(icon);
+                    found.append(m_icons[static_cast<qsizetype>(slot)]);
             }
             if (found.isEmpty())
                 continue;

@@ -3,7 +3,6 @@
 #include <QByteArrayView>
 #include <QPainterPath>
 #include <QString>
-
 #include <optional>
 
 // SVG 1.1 path data ("d" attributes) appended to a QPainterPath, elliptical
@@ -15,6 +14,9 @@ public:
         QString message;
         QString description() const;
     };
+
+    // The byte scanner behind append(): separators, numbers and arc flags.
+    class Scanner;
 
     // Parses the whole string; stops at the first error and returns it.
     // Segments appended before the error stay in the path.

@@ -62,22 +62,22 @@ private slots:
     {
         QFETCH(QString, query);
         QFETCH(QStringList, expected);
-        QCOMPARE(names(IconSearch::search(query, fixture)), expected);
+        QCOMPARE(names(IconSearch(fixture).search(query, fixture)), expected);
     }
 
     void emptyQueriesKeepTheList()
     {
         for (const QString& query : {QString(), QStringLiteral("   "), QStringLiteral(" , ,")})
-            QCOMPARE(names(IconSearch::search(query, fixture)), names(fixture));
+            QCOMPARE(names(IconSearch(fixture).search(query, fixture)), names(fixture));
     }
 
     void equalScoresKeepTheGivenOrder()
     {
         const IconList list{icon("b-home"), icon("a-home"), icon("c-home")};
-        QCOMPARE(names(IconSearch::search(u"home", list)),
+        QCOMPARE(names(IconSearch(list).search(u"home", list)),
                  (QStringList{"b-home", "a-home", "c-home"}));
         IconList reversed(list.crbegin(), list.crend());
-        QCOMPARE(names(IconSearch::search(u"home", reversed)),
+        QCOMPARE(names(IconSearch(list).search(u"home", reversed)),
                  (QStringList{"c-home", "a-home", "b-home"}));
     }
 
@@ -107,7 +107,7 @@ private slots:
         QFETCH(int, limit);
         QFETCH(QStringList, words);
         QFETCH(QStringList, icons);
-        const auto result = IconSearch::nearMatches(query, limit, fixture);
+        const auto result = IconSearch(fixture).nearMatches(query, limit);
         QCOMPARE(result.words, words);
         QCOMPARE(names(result.icons), icons);
     }

@@ -1,0 +1,72 @@
+#include "Catalog/IconLibrary.h"
+#include "Export/SVGPath.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+const IconLibrary& library()
+{
+    static const IconLibrary shipped({IconLibrary::shippedFilePath(), {}});
+    return shipped;
+}
+
+// Read, decode, build every icon and the name index.
+void loadShippedCatalogue(benchmark::State& state)
+{
+    for (auto _ : state) {
+        IconLibrary loaded({IconLibrary::shippedFilePath(), {}});
+        benchmark::DoNotOptimize(loaded.iconCount());
+    }
+}
+BENCHMARK(loadShippedCatalogue)->Unit(benchmark::kMillisecond);
+
+void searchWholeCatalogue(benchmark::State& state, const char* query)
+{
+    const QString text = QString::fromUtf8(query);
+    const IconList& icons = library().icons();
+    qsizetype found = 0;
+    for (auto _ : state)
+        found = library().search(text, icons).size();
+    state.counters["results"] = static_cast<double>(found);
+}
+BENCHMARK_CAPTURE(searchWholeCatalogue, a, "a")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchWholeCatalogue, ar, "ar")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchWholeCatalogue, arrow, "arrow")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchWholeCatalogue, arrow_left, "arrow left")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchWholeCatalogue, home, "home")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchWholeCatalogue, zzz, "zzz")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(searchWholeCatalogue, settings_gear, "settings gear")
+    ->Unit(benchmark::kMicrosecond);
+
+void nearMatches(benchmark::State& state)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(library().nearMatches(u"umbrellas zebras", 5));
+}
+BENCHMARK(nearMatches)->Unit(benchmark::kMicrosecond);
+
+// Every path string of every icon, both styles, into painter paths.
+void parseEveryPath(benchmark::State& state)
+{
+    qsizetype strings = 0;
+    for (auto _ : state) {
+        strings = 0;
+        for (const Icon& icon : library().icons()) {
+            for (const IconStyle style : allCases<IconStyle>()) {
+                const PathList* paths = icon.paths(style);
+                if (!paths)
+                    continue;
+                QPainterPath path;
+                for (const QByteArray& d : *paths)
+                    SVGPath::append(d, path);
+                strings += paths->size();
+                benchmark::DoNotOptimize(path.elementCount());
+            }
+        }
+    }
+    state.counters["strings"] = static_cast<double>(strings);
+}
+BENCHMARK(parseEveryPath)->Unit(benchmark::kMillisecond);
+
+} // namespace
