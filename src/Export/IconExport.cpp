@@ -1,0 +1,17 @@
+#include "IconExport.h"
+
+bool IconExport::isFilled() const
+{
+    return style == IconStyle::filled && icon.has(style);
+}
+
+PathList IconExport::paths() const
+{
+    const PathList* list = icon.paths(isFilled() ? IconStyle::filled : IconStyle::outline);
+    return list ? *list : PathList();
+}
+
+QString IconExport::packageName() const
+{
+    return isFilled() ? icon.id() + QStringLiteral("-filled") : icon.id();
+}
