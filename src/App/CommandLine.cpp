@@ -14,6 +14,10 @@ constexpr std::array commands{
     Command{"near", "near [--limit N] QUERY...", near},
     Command{"catalogue", "catalogue build --from DIR [--version V] -o FILE", catalogue},
     Command{"update", "update", update},
+    Command{"prefs", "prefs [list | get KEY | set KEY VALUE | reset KEY]", prefs},
+    Command{"favorites", "favorites [list | add NAME... | remove NAME... | export FILE | import FILE]",
+            favorites},
+    Command{"recents", "recents", recents},
 };
 
 } // namespace

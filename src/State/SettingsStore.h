@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <optional>
+
+// The user's key-value store: an INI file read and written through QSettings,
+// plus registered defaults that live in memory only and are never written, so
+// a user who never touched a setting keeps following the program's defaults.
+//
+// Typed reads never fail. A value of the wrong type (say "abc" where an
+// integer belongs, after a hand edit) reads as if the key were missing: the
+// registered default when there is one, else the type's empty value (false,
+// 0, 0.0, no string, no bytes, empty list).
+//
+// Changes reach the file at the next pass of the event loop (QSettings'
+// own deferred write), on sync() and on destruction.
+class SettingsStore {
+public:
+    explicit SettingsStore(const QString& filePath);
+    ~SettingsStore();
+    SettingsStore(const SettingsStore&) = delete;
+    SettingsStore& operator=(const SettingsStore&) = delete;
+
+    // $XDG_CONFIG_HOME/Pictray/Pictray.conf on Linux. The name is spelled out
+    // rather than derived from the organisation and application names, which
+    // the program leaves partly empty.
+    static QString defaultPath();
+    QString filePath() const;
+
+    // Fallback values, typed as the readers below expect them (bool, qint64,
+    // double, QString, QByteArray, QStringList).
+    void registerDefaults(const QList<std::pair<QString, QVariant>>& defaults);
+    QVariant registeredDefault(const QString& key) const { return m_defaults.value(key); }
+
+    // Whether the user's own file holds the key; registered defaults do not count.
+    bool contains(const QString& key) const;
+    QStringList userKeys() const;
+    void remove(const QString& key);
+
+    bool boolValue(const QString& key) const;
+    qint64 intValue(const QString& key) const;
+    double doubleValue(const QString& key) const;
+    std::optional<QString> stringValue(const QString& key) const;
+    // nullopt when missing (or of the wrong type); zero-length bytes are a value.
+    std::optional<QByteArray> bytesValue(const QString& key) const;
+    QStringList stringListValue(const QString& key) const;
+
+    void setBool(const QString& key, bool value);
+    void setInt(const QString& key, qint64 value);
+    void setDouble(const QString& key, double value);
+    void setString(const QString& key, const QString& value);
+    void setBytes(const QString& key, const QByteArray& value);
+    void setStringList(const QString& key, const QStringList& value);
+
+    // Writes pending changes; false when the file could not be written.
+    bool sync();
+
+    // How stored text is read as a bool ("true"/"false" in any case, "1"/"0"),
+    // an integer or a finite double; nullopt when it is none of them.
+    static std::optional<bool> parseBool(const QString& text);
+    static std::optional<qint64> parseInt(const QString& text);
+    static std::optional<double> parseDouble(const QString& text);
+
+private:
+    // The first of the user's value and the registered default that `parse`
+    // accepts.
+    template <typename Parse>
+    auto read(const QString& key, Parse parse) const -> decltype(parse(QVariant()));
+
+    mutable QSettings m_settings;
+    QHash<QString, QVariant> m_defaults;
+};

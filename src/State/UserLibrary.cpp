@@ -1,0 +1,216 @@
+#include "UserLibrary.h"
+
+#include "Preferences.h"
+#include "SettingsStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+const QString favoritesKey = QStringLiteral("favorites");
+const QString recentsKey = QStringLiteral("recents");
+const QString lastCopyKey = QStringLiteral("lastCopy");
+
+template <typename E> std::optional<E> enumValue(const QJsonValue& value)
+{
+    return value.isString() ? fromRawValue<E>(value.toString()) : std::nullopt;
+}
+
+// The names of an export file or of a bare list; nullopt when the document
+// is neither or a name is not a string.
+std::optional<QStringList> namesIn(const QJsonDocument& document)
+{
+    QJsonArray array;
+    if (document.isObject()) {
+        const QJsonValue favorites = document.object().value(QStringLiteral("favorites"));
+        if (!favorites.isArray())
+            return std::nullopt;
+        array = favorites.toArray();
+    } else if (document.isArray()) {
+        array = document.array();
+    } else {
+        return std::nullopt;
+    }
+    QStringList names;
+    names.reserve(array.size());
+    for (const QJsonValue& name : std::as_const(array)) {
+        if (!name.isString())
+            return std::nullopt;
+        names.append(name.toString());
+    }
+    return names;
+}
+
+} // namespace
+
+QByteArray UserLibrary::LastCopy::toJson() const
+{
+    const QJsonObject object{
+        {QStringLiteral("name"), name},
+        {QStringLiteral("style"), rawValue(style)},
+        {QStringLiteral("format"), rawValue(format)},
+        {QStringLiteral("color"), color},
+        {QStringLiteral("size"), size},
+        {QStringLiteral("stroke"), stroke},
+    };
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+std::optional<UserLibrary::LastCopy> UserLibrary::LastCopy::fromJson(const QByteArray& json)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(json);
+    if (!document.isObject())
+        return std::nullopt;
+    const QJsonObject object = document.object();
+    const QJsonValue name = object.value(QStringLiteral("name"));
+    const QJsonValue color = object.value(QStringLiteral("color"));
+    const QJsonValue size = object.value(QStringLiteral("size"));
+    const QJsonValue stroke = object.value(QStringLiteral("stroke"));
+    const auto style = enumValue<IconStyle>(object.value(QStringLiteral("style")));
+    const auto format = enumValue<ExportFormat>(object.value(QStringLiteral("format")));
+    if (!name.isString() || !color.isString() || !style || !format || !size.isDouble() ||
+        !stroke.isDouble())
+        return std::nullopt;
+    // An integer field holding 24.5 does not decode.
+    const double sizeNumber = size.toDouble();
+    if (std::trunc(sizeNumber) != sizeNumber || std::abs(sizeNumber) > 9007199254740992.0)
+        return std::nullopt;
+    return LastCopy{name.toString(),  *style,           *format,
+                    color.toString(), size.toInteger(), stroke.toDouble()};
+}
+
+UserLibrary::UserLibrary(SettingsStore& store, const Preferences& preferences,
+                         IconExists iconExists, QObject* parent)
+    : QObject(parent), m_store(store), m_preferences(preferences),
+      m_iconExists(std::move(iconExists)), m_favorites(store.stringListValue(favoritesKey)),
+      m_recents(store.stringListValue(recentsKey))
+{
+    // Undecodable data stays in the store until the next copy replaces it.
+    if (const auto data = store.bytesValue(lastCopyKey))
+        m_lastCopy = LastCopy::fromJson(*data);
+}
+
+void UserLibrary::setFavorites(const QStringList& favorites)
+{
+    m_favorites = favorites;
+    emit favoritesChanged();
+    m_store.setStringList(favoritesKey, m_favorites);
+}
+
+void UserLibrary::setRecents(const QStringList& recents)
+{
+    m_recents = recents;
+    emit recentsChanged();
+    m_store.setStringList(recentsKey, m_recents);
+}
+
+void UserLibrary::recordCopy(const LastCopy& copy)
+{
+    m_lastCopy = copy;
+    emit lastCopyChanged();
+    m_store.setBytes(lastCopyKey, copy.toJson());
+
+    QStringList recents{copy.name};
+    for (const QString& name : std::as_const(m_recents)) {
+        if (name != copy.name)
+            recents.append(name);
+    }
+    const qint64 limit = std::max<qint64>(0, m_preferences.recentsLimit());
+    if (recents.size() > limit)
+        recents.resize(limit);
+    setRecents(recents);
+}
+
+void UserLibrary::toggleFavorite(const QString& name)
+{
+    QStringList favorites = m_favorites;
+    if (const qsizetype index = favorites.indexOf(name); index >= 0)
+        favorites.removeAt(index);
+    else
+        favorites.append(name);
+    setFavorites(favorites);
+}
+
+void UserLibrary::trimRecents()
+{
+    const qint64 limit = std::max<qint64>(0, m_preferences.recentsLimit());
+    setRecents(m_recents.mid(0, std::min<qint64>(limit, m_recents.size())));
+}
+
+QByteArray UserLibrary::exportFavorites() const
+{
+    // QJsonObject keeps its keys sorted, which gives "app", "favorites", "version".
+    const QJsonObject file{
+        {QStringLiteral("app"), QStringLiteral("Pictray")},
+        {QStringLiteral("favorites"), QJsonArray::fromStringList(m_favorites)},
+        {QStringLiteral("version"), 1},
+    };
+    return QJsonDocument(file).toJson(QJsonDocument::Indented);
+}
+
+std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
+{
+    if (data.size() > maxImportBytes)
+        return std::nullopt;
+    // The parser refuses nesting deeper than a fixed limit instead of recursing on.
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(data, &error);
+    if (error.error != QJsonParseError::NoError)
+        return std::nullopt;
+    const std::optional<QStringList> names = namesIn(document);
+    if (!names)
+        return std::nullopt;
+
+    // Checked against the favorites as they stood before, not against each
+    // other: a name the file lists twice is taken twice.
+    const QSet<QString> before(m_favorites.cbegin(), m_favorites.cend());
+    QStringList taken;
+    for (const QString& name : *names) {
+        if (!before.contains(name) && m_iconExists(name))
+            taken.append(name);
+    }
+    if (!taken.isEmpty())
+        setFavorites(m_favorites + taken);
+    return static_cast<int>(taken.size());
+}
+
+QString UserLibrary::importedMessage(int count)
+{
+    return QStringLiteral("Imported %1 new favorite%2.")
+        .arg(count)
+        .arg(count == 1 ? QString() : QStringLiteral("s"));
+}
+
+QString UserLibrary::notAnExportMessage()
+{
+    return QStringLiteral("That file isn\u2019t an Pictray favorites export.");
+}
+
+std::optional<QByteArray> UserLibrary::readImportFile(const QString& path, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = QStringLiteral("Cannot read %1: %2")
+                     .arg(QDir::toNativeSeparators(path), file.errorString());
+        return std::nullopt;
+    }
+    // Read one byte past the limit, which also ends reads of endless devices.
+    const QByteArray data = file.read(maxImportBytes + 1);
+    if (data.size() > maxImportBytes) {
+        *error = notAnExportMessage();
+        return std::nullopt;
+    }
+    if (file.error() != QFileDevice::NoError) {
+        *error = QStringLiteral("Cannot read %1: %2")
+                     .arg(QDir::toNativeSeparators(path), file.errorString());
+        return std::nullopt;
+    }
+    return data;
+}

@@ -1,0 +1,255 @@
+#include "State/Preferences.h"
+#include "StoreFiles.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+class TestPreferences : public QObject {
+    Q_OBJECT
+
+    StoreFiles files;
+
+    // Every key with the value a first launch shows, in table order.
+    static QStringList firstLaunchList()
+    {
+        return {
+            uR"(pickerHotKey={"keyCode":34,"modifiers":786432})"_qs,
+            uR"(copyLastHotKey={"keyCode":8,"modifiers":786432})"_qs,
+            u"showMenuBarIcon=true"_qs,
+            u"pickerPosition=underMenuBarIcon"_qs,
+            u"afterCopy=close"_qs,
+            u"appearance=system"_qs,
+            u"keepLastSearch=false"_qs,
+            u"recentsLimit=24"_qs,
+            u"hasCompletedOnboarding=false"_qs,
+            u"defaultFormat=jsx"_qs,
+            u"defaultColor=currentColor"_qs,
+            u"defaultSize=24"_qs,
+            u"defaultStroke=2.0"_qs,
+            u"defaultStyle=outline"_qs,
+            u"optimizeSVG=true"_qs,
+            u"includeSize=true"_qs,
+            u"tailwindCurrentColor=true"_qs,
+            u"ariaHidden=false"_qs,
+            u"classAttribute=icon icon-tabler"_qs,
+            u"reactComponentName=Icon{Name}"_qs,
+            u"reactLanguage=tsx"_qs,
+            u"vueStyle=sfc"_qs,
+            u"bladePrefix=x-tabler-"_qs,
+            u"png1x=true"_qs,
+            u"png2x=true"_qs,
+            u"png3x=false"_qs,
+            u"pngBackground=transparent"_qs,
+            u"pngPadding=0"_qs,
+            u"dragFormat=bestMatch"_qs,
+            u"showCategoryBar=true"_qs,
+        };
+    }
+
+    static QStringList listing(const Preferences& preferences)
+    {
+        QStringList lines;
+        for (const QString& key : Preferences::keys())
+            lines.append(key + u'=' + preferences.valueText(key));
+        return lines;
+    }
+
+private slots:
+    void firstLaunchShowsDefaultsAndWritesNothing()
+    {
+        auto store = files.fresh();
+        {
+            Preferences preferences(*store);
+            QCOMPARE(listing(preferences), firstLaunchList());
+        }
+        int registered = 0;
+        for (const QString& key : Preferences::keys())
+            registered += store->registeredDefault(key).isValid();
+        QCOMPARE(registered, 27);
+        QVERIFY(!store->registeredDefault(u"hasCompletedOnboarding"_qs).isValid());
+        QVERIFY(store->sync());
+        QVERIFY(store->userKeys().isEmpty());
+    }
+
+    void unknownStoredStringsFallBack_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("reads");
+        auto row = [](const char* key, const char* stored, const char* reads) {
+            QTest::addRow("%s=%s", key, stored)
+                << QString::fromLatin1(key) << QString::fromLatin1(stored)
+                << QString::fromLatin1(reads);
+        };
+        row("reactLanguage", "JSX", "tsx");
+        row("reactLanguage", "jsx", "jsx");
+        row("reactLanguage", "", "tsx");
+        row("defaultStyle", "Filled", "outline");
+        row("defaultStyle", "filled", "filled");
+        row("defaultFormat", "react", "jsx");
+        row("defaultFormat", "png3", "png3");
+        row("pickerPosition", "Mouse", "underMenuBarIcon");
+        row("pickerPosition", "centered", "centered");
+        row("afterCopy", "closeandpaste", "close");
+        row("afterCopy", "keepOpen", "keepOpen");
+        row("appearance", "Dark", "system");
+        row("appearance", "light", "light");
+        row("vueStyle", "templateOnly", "sfc");
+        row("vueStyle", "template", "template");
+        row("pngBackground", "White", "transparent");
+        row("pngBackground", "black", "black");
+        row("dragFormat", "png2", "bestMatch");
+        row("dragFormat", "svg", "svg");
+    }
+    void unknownStoredStringsFallBack()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, stored);
+        QFETCH(QString, reads);
+        auto store = files.fresh();
+        store->setString(key, stored);
+        store = files.relaunch(std::move(store));
+        QCOMPARE(Preferences(*store).valueText(key), reads);
+    }
+
+    void handWrittenFileWithWrongTypes()
+    {
+        auto store = files.withText("[General]\nrecentsLimit=abc\ndefaultStroke=thick\n"
+                                    "showMenuBarIcon=maybe\npng3x=true\ndefaultSize=32\n"
+                                    "pickerHotKey=@ByteArray(garbage)\ncopyLastHotKey=\n"
+                                    "classAttribute=\nbladePrefix=@ByteArray(x)\n");
+        Preferences preferences(*store);
+        QCOMPARE(preferences.recentsLimit(), 24);
+        QCOMPARE(preferences.defaultStroke(), 2.0);
+        QCOMPARE(preferences.showMenuBarIcon(), true);
+        QCOMPARE(preferences.png3x(), true);
+        QCOMPARE(preferences.defaultSize(), 32);
+        QCOMPARE(preferences.pickerHotKey(), Preferences::defaultPickerHotKey);
+        QCOMPARE(preferences.copyLastHotKey(), std::nullopt);
+        QCOMPARE(preferences.classAttribute(), QString());
+        QCOMPARE(preferences.bladePrefix(), u"x-tabler-"_qs);
+    }
+
+    void shortcutsAcrossRelaunches()
+    {
+        auto store = files.fresh();
+        const KeyCombo custom{0, KeyCombo::commandFlag | KeyCombo::shiftFlag};
+        Preferences(*store).setPickerHotKey(std::nullopt);
+        Preferences(*store).setCopyLastHotKey(custom);
+        store = files.relaunch(std::move(store));
+        QCOMPARE(store->bytesValue(u"pickerHotKey"_qs), QByteArray());
+        QCOMPARE(Preferences(*store).pickerHotKey(), std::nullopt);
+        QCOMPARE(Preferences(*store).copyLastHotKey(), custom);
+
+        store->remove(u"pickerHotKey"_qs);
+        store->setBytes(u"copyLastHotKey"_qs, "{\"keyCode\":");
+        store = files.relaunch(std::move(store));
+        QCOMPARE(Preferences(*store).pickerHotKey(), Preferences::defaultPickerHotKey);
+        QCOMPARE(Preferences(*store).copyLastHotKey(), Preferences::defaultCopyLastHotKey);
+    }
+
+    void unchangedAssignmentStillWritesAndNotifies()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        QSignalSpy limit(&preferences, &Preferences::recentsLimitChanged);
+        QSignalSpy appearance(&preferences, &Preferences::appearanceChanged);
+        QSignalSpy picker(&preferences, &Preferences::pickerHotKeyChanged);
+        preferences.setRecentsLimit(24);
+        preferences.setAppearance(AppearanceMode::system);
+        preferences.setPickerHotKey(Preferences::defaultPickerHotKey);
+        QCOMPARE(limit.count(), 1);
+        QCOMPARE(appearance.count(), 1);
+        QCOMPARE(picker.count(), 1);
+        QCOMPARE(store->stringValue(u"appearance"_qs), u"system"_qs);
+        QVERIFY(store->sync());
+        auto keys = store->userKeys();
+        keys.sort();
+        QCOMPARE(keys, (QStringList{u"appearance"_qs, u"pickerHotKey"_qs, u"recentsLimit"_qs}));
+    }
+
+    void enabledPNGFormats()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        QCOMPARE(preferences.enabledPNGFormats(),
+                 (QList<ExportFormat>{ExportFormat::png1, ExportFormat::png2}));
+        preferences.setPng2x(false);
+        preferences.setPng3x(true);
+        QCOMPARE(preferences.enabledPNGFormats(),
+                 (QList<ExportFormat>{ExportFormat::png1, ExportFormat::png3}));
+        preferences.setPng1x(false);
+        preferences.setPng3x(false);
+        QVERIFY(preferences.enabledPNGFormats().isEmpty());
+    }
+
+    void textValuesAreCheckedBeforeStoring_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<std::optional<QString>>("reads");
+        const std::optional<QString> refused;
+        QTest::newRow("int") << u"recentsLimit"_qs << u"-3"_qs << std::optional(u"-3"_qs);
+        QTest::newRow("int, not a number") << u"recentsLimit"_qs << u"abc"_qs << refused;
+        QTest::newRow("int, fraction") << u"defaultSize"_qs << u"2.5"_qs << refused;
+        QTest::newRow("double") << u"defaultStroke"_qs << u"1.75"_qs << std::optional(u"1.75"_qs);
+        QTest::newRow("double, infinite") << u"defaultStroke"_qs << u"inf"_qs << refused;
+        QTest::newRow("bool") << u"png3x"_qs << u"TRUE"_qs << std::optional(u"true"_qs);
+        QTest::newRow("bool, yes") << u"png3x"_qs << u"yes"_qs << refused;
+        QTest::newRow("enum") << u"reactLanguage"_qs << u"jsx"_qs << std::optional(u"jsx"_qs);
+        QTest::newRow("enum, wrong case") << u"reactLanguage"_qs << u"JSX"_qs << refused;
+        QTest::newRow("string, empty")
+            << u"classAttribute"_qs << QString() << std::optional(QString());
+        QTest::newRow("shortcut") << u"pickerHotKey"_qs << uR"({"keyCode":8,"modifiers":0})"_qs
+                                  << std::optional(uR"({"keyCode":8,"modifiers":0})"_qs);
+        QTest::newRow("shortcut, broken") << u"pickerHotKey"_qs << u"{"_qs << refused;
+    }
+    void textValuesAreCheckedBeforeStoring()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, text);
+        QFETCH(std::optional<QString>, reads);
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        const QString before = preferences.valueText(key);
+        const auto error = preferences.setValueText(key, text);
+        QCOMPARE(error.has_value(), !reads);
+        QCOMPARE(store->contains(key), reads.has_value());
+        QCOMPARE(preferences.valueText(key), reads.value_or(before));
+        if (error)
+            QVERIFY2(error->contains(key), qPrintable(*error));
+    }
+
+    void overrideForThisRunWritesNothing()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        QSignalSpy spy(&preferences, &Preferences::defaultColorChanged);
+        QCOMPARE(preferences.setValueText(u"defaultColor"_qs, u"#ff0000"_qs,
+                                          Preferences::Scope::thisRunOnly),
+                 std::nullopt);
+        QCOMPARE(preferences.defaultColor(), u"#ff0000"_qs);
+        QCOMPARE(spy.count(), 1);
+        QVERIFY(!store->contains(u"defaultColor"_qs));
+        preferences.setDefaultSize(16);
+        QVERIFY(store->contains(u"defaultSize"_qs));
+    }
+
+    void resetBringsBackTheDefault()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        preferences.setPickerHotKey(std::nullopt);
+        preferences.setRecentsLimit(3);
+        QSignalSpy spy(&preferences, &Preferences::pickerHotKeyChanged);
+        preferences.reset(u"pickerHotKey"_qs);
+        preferences.reset(u"recentsLimit"_qs);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(preferences.pickerHotKey(), Preferences::defaultPickerHotKey);
+        QCOMPARE(preferences.recentsLimit(), 24);
+        QVERIFY(store->userKeys().isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPreferences)
+#include "tst_preferences.moc"
