@@ -18,6 +18,10 @@ constexpr std::array commands{
     Command{"favorites", "favorites [list | add NAME... | remove NAME... | export FILE | import FILE]",
             favorites},
     Command{"recents", "recents", recents},
+    Command{"export",
+            "export NAME [--format F] [--style outline|filled] [--size N] [--stroke X] "
+            "[--color C] [--set KEY=VALUE]... [-o FILE]",
+            exportIcon},
 };
 
 } // namespace

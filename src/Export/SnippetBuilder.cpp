@@ -1,5 +1,7 @@
 #include "SnippetBuilder.h"
 
+#include "State/Preferences.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -19,6 +21,26 @@ QString pathElement(const QString& indent, QByteArrayView d, const QString& self
 }
 
 } // namespace
+
+SnippetBuilder SnippetBuilder::current(const Preferences& preferences)
+{
+    SnippetBuilder builder;
+    builder.optimize = preferences.optimizeSVG();
+    builder.includeSize = preferences.includeSize();
+    builder.tailwindCurrentColor = preferences.tailwindCurrentColor();
+    builder.ariaHidden = preferences.ariaHidden();
+    builder.classAttribute = preferences.classAttribute();
+    builder.reactName = preferences.reactComponentName();
+    builder.reactLanguage = preferences.reactLanguage();
+    builder.vueStyle = preferences.vueStyle();
+    builder.bladePrefix = preferences.bladePrefix();
+    // Stored numbers are taken as they are, but must not overflow the
+    // pixel arithmetic.
+    builder.pngPadding =
+        static_cast<int>(std::clamp<qint64>(preferences.pngPadding(), -100'000, 100'000));
+    builder.pngBackground = preferences.pngBackground();
+    return builder;
+}
 
 QString SnippetBuilder::text(ExportFormat format, const IconExport& item) const
 {

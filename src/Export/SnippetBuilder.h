@@ -15,6 +15,8 @@
 //
 // The member defaults are the program's default settings; the builder for the
 // user's current settings is made from the preferences by their owner.
+class Preferences;
+
 struct SnippetBuilder {
     bool optimize = true; // one line, merged paths, no empty bounding-box path
     bool includeSize = true;
@@ -29,6 +31,10 @@ struct SnippetBuilder {
     PNGBackground pngBackground = PNGBackground::transparent;
 
     // The snippet of a text format, or the description of a PNG copy.
+    // The options as the preferences hold them now; nothing is cached, so a
+    // changed setting applies to the next copy.
+    static SnippetBuilder current(const Preferences& preferences);
+
     QString text(ExportFormat format, const IconExport& item) const;
     // Multi-line unless optimize or forceOptimize asks for one line.
     QString svg(const IconExport& item, bool forceOptimize) const;

@@ -1,6 +1,10 @@
 #pragma once
 
 #include "CommandLine.h"
+#include "Export/ExportFormat.h"
+
+struct IconExport;
+class Preferences;
 
 // Each command lives in its own file under Commands/ and is listed in
 // CommandLine.cpp.
@@ -14,5 +18,10 @@ int update(const QStringList& args, Io& io);
 int prefs(const QStringList& args, Io& io);
 int favorites(const QStringList& args, Io& io);
 int recents(const QStringList& args, Io& io);
+int exportIcon(const QStringList& args, Io& io);
+
+// The PNG half of export: to FILE, or to stdout unless it is a terminal.
+int exportPNG(const IconExport& item, ExportFormat format, const Preferences& preferences,
+              const QString& output, Io& io);
 
 } // namespace Cli

@@ -1,0 +1,163 @@
+#include "Catalog/IconLibrary.h"
+#include "Commands.h"
+#include "Export/IconExport.h"
+#include "Export/SnippetBuilder.h"
+#include "State/Preferences.h"
+#include "State/SettingsStore.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QSaveFile>
+#include <QTemporaryDir>
+#include <unistd.h>
+
+namespace Cli {
+namespace {
+
+// --set KEY=VALUE changes this run only: the user's settings are copied
+// aside, the values written into the copy as a hand-edited settings file
+// would hold them, and read back through the usual fallback rules.
+class RunSettings {
+public:
+    bool open(const QStringList& assignments, Io& io, int* status)
+    {
+        if (!m_dir.isValid()) {
+            io.err << "pictray: cannot create a temporary folder\n";
+            *status = Status::failure;
+            return false;
+        }
+        const QString path = m_dir.filePath(QStringLiteral("Pictray.conf"));
+        QFile::copy(SettingsStore::defaultPath(), path);
+        m_store = std::make_unique<SettingsStore>(path);
+        for (const QString& assignment : assignments) {
+            const qsizetype equals = assignment.indexOf(u'=');
+            const QString key = assignment.left(equals);
+            if (equals < 0 || !Preferences::hasKey(key)) {
+                *status = usageError(io, QStringLiteral("--set takes KEY=VALUE with a settings key "
+                                                        "(see pictray prefs list), not '%1'")
+                                             .arg(assignment));
+                return false;
+            }
+            m_store->setString(key, assignment.mid(equals + 1));
+        }
+        m_preferences = std::make_unique<Preferences>(*m_store);
+        return true;
+    }
+    const Preferences& preferences() const { return *m_preferences; }
+
+private:
+    QTemporaryDir m_dir;
+    std::unique_ptr<SettingsStore> m_store;
+    std::unique_ptr<Preferences> m_preferences;
+};
+
+std::optional<int> wholeNumber(const QString& text, int min, int max)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    return ok && value >= min && value <= max ? std::optional(value) : std::nullopt;
+}
+
+int unknownIcon(const QString& name, Io& io)
+{
+    io.err << "pictray: there is no icon named '" << name << "'";
+    const auto near = IconLibrary::shared().nearMatches(QString(name).replace(u'-', u' '), 5);
+    if (!near.icons.isEmpty()) {
+        QStringList names;
+        for (const Icon& icon : near.icons)
+            names.append(icon.id());
+        io.err << "; close names: " << names.join(QStringLiteral(", "));
+    }
+    io.err << '\n';
+    return Status::failure;
+}
+
+bool writeBytes(const QByteArray& bytes, const QString& path, Io& io)
+{
+    if (path.isEmpty()) {
+        io.out.flush();
+        return std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()),
+                           io.stdoutFile) == static_cast<size_t>(bytes.size()) &&
+               std::fflush(io.stdoutFile) == 0;
+    }
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    io.err << "pictray: cannot write " << path << ": " << file.errorString() << '\n';
+    return false;
+}
+
+} // namespace
+
+int exportIcon(const QStringList& args, Io& io)
+{
+    QCommandLineParser parser;
+    parser.addOptions({
+        {QStringLiteral("format"), QString(), QStringLiteral("F")},
+        {QStringLiteral("style"), QString(), QStringLiteral("outline|filled")},
+        {QStringLiteral("size"), QString(), QStringLiteral("N")},
+        {QStringLiteral("stroke"), QString(), QStringLiteral("X")},
+        {QStringLiteral("color"), QString(), QStringLiteral("C")},
+        {QStringLiteral("set"), QString(), QStringLiteral("KEY=VALUE")},
+        {{QStringLiteral("o"), QStringLiteral("output")}, QString(), QStringLiteral("FILE")},
+    });
+    int status = Status::ok;
+    if (!parse(parser, "export", args, io, &status))
+        return status;
+    if (parser.positionalArguments().size() != 1)
+        return usageError(io, QStringLiteral("export takes one icon name"));
+
+    RunSettings settings;
+    if (!settings.open(parser.values(QStringLiteral("set")), io, &status))
+        return status;
+    const Preferences& preferences = settings.preferences();
+
+    std::optional<ExportFormat> format = preferences.defaultFormat();
+    if (parser.isSet(QStringLiteral("format")))
+        format = fromRawValue<ExportFormat>(parser.value(QStringLiteral("format")));
+    if (!format)
+        return usageError(io,
+                          QStringLiteral("--format takes one of svg, jsx, vue, blade, tailwind, "
+                                         "dataURI, png1, png2, png3"));
+    std::optional<IconStyle> style = preferences.defaultStyle();
+    if (parser.isSet(QStringLiteral("style")))
+        style = fromRawValue<IconStyle>(parser.value(QStringLiteral("style")));
+    if (!style)
+        return usageError(io, QStringLiteral("--style takes outline or filled"));
+    const auto size = parser.isSet(QStringLiteral("size"))
+                          ? wholeNumber(parser.value(QStringLiteral("size")), 1, 4096)
+                          : std::optional(static_cast<int>(
+                                std::clamp<qint64>(preferences.defaultSize(), -100'000, 100'000)));
+    if (!size)
+        return usageError(io, QStringLiteral("--size takes a whole number from 1 to 4096"));
+    double stroke = preferences.defaultStroke();
+    if (parser.isSet(QStringLiteral("stroke"))) {
+        const auto parsed = SettingsStore::parseDouble(parser.value(QStringLiteral("stroke")));
+        if (!parsed || *parsed <= 0 || *parsed > 100)
+            return usageError(io, QStringLiteral("--stroke takes a number above 0, up to 100"));
+        stroke = *parsed;
+    }
+
+    const QString name = parser.positionalArguments().constFirst();
+    const Icon icon = IconLibrary::shared().icon(name);
+    if (icon.isNull())
+        return unknownIcon(name, io);
+
+    IconExport item;
+    item.icon = icon;
+    // Like a copy with the defaults: a filled request for an icon without a
+    // filled form is an outline export.
+    item.style = icon.has(*style) ? *style : IconStyle::outline;
+    item.size = *size;
+    item.stroke = stroke;
+    item.color = parser.isSet(QStringLiteral("color")) ? parser.value(QStringLiteral("color"))
+                                                       : preferences.defaultColor();
+
+    const QString output = parser.value(QStringLiteral("o"));
+    if (Formats::isImage(*format))
+        return exportPNG(item, *format, preferences, output, io);
+    const QByteArray bytes = SnippetBuilder::current(preferences).text(*format, item).toUtf8();
+    return writeBytes(bytes, output, io) ? Status::ok : Status::failure;
+}
+
+} // namespace Cli

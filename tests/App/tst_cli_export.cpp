@@ -1,0 +1,102 @@
+#include "PictrayProcess.h"
+
+#include <QImage>
+#include <QTest>
+
+class TestCliExport : public QObject {
+    Q_OBJECT
+
+private slots:
+    void defaultsComeFromThePreferences()
+    {
+        PictrayProcess pictray;
+        // The program's defaults: React/TSX, optimized, with the class template.
+        auto result = pictray.run({"export", "plus"});
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY(result.out.startsWith(
+            "import type { SVGProps } from \"react\";\n\nexport function IconPlus("));
+        QVERIFY(result.out.endsWith("}")); // exactly the snippet, no added line feed
+        QVERIFY(result.out.contains("className=\"icon icon-tabler\""));
+
+        // Stored settings apply; --set overrides them for one run only.
+        QCOMPARE(pictray.run({"prefs", "set", "defaultFormat", "blade"}).exitCode, 0);
+        QCOMPARE(pictray.run({"export", "plus", "--stroke", "1.5", "--color", "#f00"}).out,
+                 QByteArray(
+                     "<x-tabler-plus\n  class=\"w-6 h-6 text-[#f00]\"\n  stroke-width=\"1.5\" />"));
+        QCOMPARE(
+            pictray
+                .run({"export", "plus", "--set", "bladePrefix=x-icon-", "--set", "ariaHidden=true"})
+                .out,
+            QByteArray("<x-icon-plus\n  class=\"w-6 h-6\"\n  aria-hidden=\"true\" />"));
+        QCOMPARE(pictray.run({"prefs", "get", "bladePrefix"}).out, QByteArray("x-tabler-\n"));
+    }
+
+    void setReadsWithTheFallbackRules()
+    {
+        const PictrayProcess pictray;
+        // Only the exact raw value "jsx" selects JSX; anything else reads as TSX.
+        const auto jsx = pictray.run({"export", "plus", "--set", "reactLanguage=jsx"});
+        QVERIFY(jsx.out.startsWith("export function IconPlus(props) {"));
+        const auto tsx = pictray.run({"export", "plus", "--set", "reactLanguage=JSX"});
+        QVERIFY(tsx.out.startsWith("import type"));
+        // An unknown default format reads as React.
+        QVERIFY(pictray.run({"export", "plus", "--set", "defaultFormat=gif"})
+                    .out.startsWith("import type"));
+    }
+
+    void filledFallsBackToOutline()
+    {
+        const PictrayProcess pictray;
+        const auto filled = pictray.run({"export", "home", "--format", "svg", "--style", "filled"});
+        QVERIFY(filled.out.contains("fill=\"currentColor\""));
+        QVERIFY(!filled.out.contains("stroke-width"));
+        const auto outlineOnly =
+            pictray.run({"export", "abacus", "--format", "svg", "--style", "filled"});
+        QCOMPARE(outlineOnly.exitCode, 0);
+        QVERIFY(outlineOnly.out.contains("stroke-width=\"2\""));
+    }
+
+    void writesFilesAndDataURIs()
+    {
+        const PictrayProcess pictray;
+        const QString path = pictray.dataDir() + "/plus.svg";
+        QCOMPARE(pictray.run({"export", "plus", "--format", "tailwind", "-o", path}).exitCode, 0);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.readAll().startsWith("<svg\n  xmlns="));
+        QVERIFY(pictray.run({"export", "plus", "--format", "dataURI"})
+                    .out.startsWith("data:image/svg+xml,%3Csvg%20"));
+    }
+
+    void errors_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QByteArray>("message");
+        QTest::newRow("unknown icon")
+            << QStringList{"export", "umbrellas"} << 1 << QByteArray("umbrella");
+        QTest::newRow("unknown format")
+            << QStringList{"export", "plus", "--format", "gif"} << 2 << QByteArray("--format");
+        QTest::newRow("bad size") << QStringList{"export", "plus", "--size", "0"} << 2
+                                  << QByteArray("--size");
+        QTest::newRow("bad stroke")
+            << QStringList{"export", "plus", "--stroke", "x"} << 2 << QByteArray("--stroke");
+        QTest::newRow("unknown key")
+            << QStringList{"export", "plus", "--set", "colour=red"} << 2 << QByteArray("--set");
+        QTest::newRow("two names")
+            << QStringList{"export", "plus", "minus"} << 2 << QByteArray("one icon");
+    }
+    void errors()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(int, exitCode);
+        QFETCH(QByteArray, message);
+        const auto result = PictrayProcess().run(args);
+        QCOMPARE(result.exitCode, exitCode);
+        QVERIFY(result.out.isEmpty());
+        QVERIFY2(result.err.contains(message), result.err.constData());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCliExport)
+#include "tst_cli_export.moc"
