@@ -1,7 +1,10 @@
 #include "CatalogueCodec.h"
 
 #include <simdjson.h>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace CatalogueCodec {
 namespace {
@@ -15,6 +18,20 @@ QString fromUtf8(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// Strings of one decode: owned by default, or views into an arena.
+struct Text {
+    TextArena* arena = nullptr;
+    QString string(std::string_view utf8) const
+    {
+        return arena ? arena->utf16(utf8) : fromUtf8(utf8);
+    }
+    QByteArray bytes(std::string_view text) const
+    {
+        return arena ? arena->bytes(text)
+                     : QByteArray(text.data(), static_cast<qsizetype>(text.size()));
+    }
+};
+
 bool fail(QString* error, const QString& message)
 {
     if (error)
@@ -22,23 +39,23 @@ bool fail(QString* error, const QString& message)
     return false;
 }
 
-bool readStrings(element value, QStringList& out)
+bool readStrings(element value, QStringList& out, const Text& text)
 {
     array items;
     if (value.get_array().get(items) != simdjson::SUCCESS)
         return false;
     out.reserve(static_cast<qsizetype>(items.size()));
     for (element item : items) {
-        std::string_view text;
-        if (item.get_string().get(text) != simdjson::SUCCESS)
+        std::string_view string;
+        if (item.get_string().get(string) != simdjson::SUCCESS)
             return false;
-        out.append(fromUtf8(text));
+        out.append(text.string(string));
     }
     return true;
 }
 
 // A missing key and null both mean "no such form".
-bool readPaths(element value, std::optional<PathList>& out)
+bool readPaths(element value, std::optional<PathList>& out, const Text& text)
 {
     if (value.is_null())
         return true;
@@ -48,16 +65,34 @@ bool readPaths(element value, std::optional<PathList>& out)
     PathList paths;
     paths.reserve(static_cast<qsizetype>(items.size()));
     for (element item : items) {
-        std::string_view text;
-        if (item.get_string().get(text) != simdjson::SUCCESS)
+        std::string_view data;
+        if (item.get_string().get(data) != simdjson::SUCCESS)
             return false;
-        paths.append(QByteArray(text.data(), static_cast<qsizetype>(text.size())));
+        paths.append(text.bytes(data));
     }
     out = std::move(paths);
     return true;
 }
 
-bool readEntry(element value, Icon& icon, QString* error, qsizetype index)
+// Thousands of icons share a few dozen categories: keep one string each.
+class Categories {
+public:
+    QString intern(std::string_view text)
+    {
+        for (const auto& [utf8, string] : m_known) {
+            if (utf8 == text)
+                return string;
+        }
+        m_known.emplace_back(std::string(text), fromUtf8(text)); // owned: a few dozen
+        return m_known.back().second;
+    }
+
+private:
+    std::vector<std::pair<std::string, QString>> m_known;
+};
+
+bool readEntry(element value, Icon& icon, QString* error, qsizetype index, Categories& categories,
+               const Text& text)
 {
     const auto bad = [&](const char* what) {
         return fail(error, QStringLiteral("icon %1: %2").arg(index).arg(QLatin1String(what)));
@@ -89,16 +124,16 @@ bool readEntry(element value, Icon& icon, QString* error, qsizetype index)
             break;
         case 't':
             tags.clear();
-            hasTags = readStrings(field.value, tags);
+            hasTags = readStrings(field.value, tags, text);
             if (!hasTags)
                 return bad("\"t\" is not an array of strings");
             break;
         case 'o':
-            if (!readPaths(field.value, outline))
+            if (!readPaths(field.value, outline, text))
                 return bad("\"o\" is not an array of strings");
             break;
         case 'f':
-            if (!readPaths(field.value, filled))
+            if (!readPaths(field.value, filled, text))
                 return bad("\"f\" is not an array of strings");
             break;
         default:
@@ -107,7 +142,7 @@ bool readEntry(element value, Icon& icon, QString* error, qsizetype index)
     }
     if (!hasName || !hasCategory || !hasTags)
         return bad(!hasName ? "no \"n\"" : !hasCategory ? "no \"c\"" : "no \"t\"");
-    icon = Icon(fromUtf8(name), fromUtf8(category), std::move(tags), std::move(outline),
+    icon = Icon(text.string(name), categories.intern(category), std::move(tags), std::move(outline),
                 std::move(filled));
     return true;
 }
@@ -136,7 +171,7 @@ bool readVersion(object root, QString& version)
 
 } // namespace
 
-std::optional<CatalogueFile> decode(QByteArrayView data, QString* error)
+std::optional<CatalogueFile> decode(QByteArrayView data, QString* error, TextArena* arena)
 {
     simdjson::dom::parser parser;
     object root;
@@ -154,9 +189,10 @@ std::optional<CatalogueFile> decode(QByteArrayView data, QString* error)
     }
     file.icons.reserve(static_cast<qsizetype>(icons.size()));
     qsizetype index = 0;
+    Categories categories;
     for (element value : icons) {
         Icon icon;
-        if (!readEntry(value, icon, error, index++))
+        if (!readEntry(value, icon, error, index++, categories, Text{arena}))
             return std::nullopt;
         file.icons.append(std::move(icon));
     }

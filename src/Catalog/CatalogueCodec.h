@@ -1,6 +1,7 @@
 #pragma once
 
 #include "IconLibrary.h"
+#include "TextArena.h"
 
 #include <QByteArrayView>
 #include <optional>
@@ -8,8 +9,10 @@
 namespace CatalogueCodec {
 
 // Decodes a whole catalogue file. Any missing required key or wrong type makes
-// the file undecodable: nullopt with a reason in *error.
-std::optional<CatalogueFile> decode(QByteArrayView data, QString* error = nullptr);
+// the file undecodable: nullopt with a reason in *error. With an arena, the
+// icons' text lives there instead of in allocations of its own.
+std::optional<CatalogueFile> decode(QByteArrayView data, QString* error = nullptr,
+                                    TextArena* arena = nullptr);
 
 // The "version" of a file through a full decode of that key alone.
 std::optional<QString> decodeVersionOnly(QByteArrayView data);

@@ -1,13 +1,29 @@
 #include "Icon.h"
 
+#include <algorithm>
+
+namespace {
+
+// Most names and tags are lower-case ASCII already: then the lower-cased
+// string is the same string, shared rather than converted.
+QString lowerCased(const QString& text)
+{
+    const bool plain = std::all_of(text.cbegin(), text.cend(), [](QChar c) {
+        return c.unicode() < 0x80 && !(c >= u'A' && c <= u'Z');
+    });
+    return plain ? text : text.toLower();
+}
+
+} // namespace
+
 Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
            std::optional<PathList> filled)
 {
     auto* data = new Data;
-    data->searchName = id.toLower();
+    data->searchName = lowerCased(id);
     data->searchTags.reserve(tags.size());
     for (const QString& tag : std::as_const(tags))
-        data->searchTags.append(tag.toLower());
+        data->searchTags.append(lowerCased(tag));
     data->id = std::move(id);
     data->category = std::move(category);
     data->tags = std::move(tags);

@@ -105,7 +105,8 @@ void IconLibrary::load()
     }
     // A best candidate that fails to decode leaves the library empty: falling
     // back to an older file would hide that the newer one is broken.
-    auto file = best ? CatalogueCodec::decode(best->bytes) : std::nullopt;
+    auto file = best ? CatalogueCodec::decode(best->bytes, nullptr, &TextArena::forThisRun())
+                     : std::nullopt;
     m_loadedPath = file ? best->path : QString();
     apply(file ? std::move(*file) : File{});
 }
@@ -124,7 +125,7 @@ void IconLibrary::apply(File file)
     }
     m_categories = QStringList(categories.cbegin(), categories.cend());
     std::sort(m_categories.begin(), m_categories.end());
-    m_search = IconSearch(m_icons);
+    m_search.reset();
     {
         const QMutexLocker lock(&m_cacheLock);
         m_pathCache.clear();
@@ -135,7 +136,7 @@ void IconLibrary::apply(File file)
 bool IconLibrary::install(const QByteArray& data, QString* error)
 {
     QString reason;
-    auto file = CatalogueCodec::decode(data, &reason);
+    auto file = CatalogueCodec::decode(data, &reason, &TextArena::forThisRun());
     if (!file) {
         if (error)
             *error = QStringLiteral("The downloaded icon set is damaged: %1.").arg(reason);
@@ -152,6 +153,13 @@ bool IconLibrary::install(const QByteArray& data, QString* error)
     m_loadedPath = path;
     apply(std::move(*file));
     return true;
+}
+
+const IconSearch& IconLibrary::searchIndex() const
+{
+    if (!m_search)
+        m_search.emplace(m_icons);
+    return *m_search;
 }
 
 int IconLibrary::outlineCount() const

@@ -70,12 +70,14 @@ public:
 
     IconList search(QStringView query, const IconList& icons) const
     {
-        return m_search.search(query, icons);
+        return searchIndex().search(query, icons);
     }
     IconSearch::NearMatches nearMatches(QStringView query, int limit) const
     {
-        return m_search.nearMatches(query, limit);
+        return searchIndex().nearMatches(query, limit);
     }
+    // Built on the first search rather than at start-up.
+    const IconSearch& searchIndex() const;
 
     // 5233 -> "5,233"
     static QString number(qint64 value);
@@ -90,7 +92,7 @@ private:
     QString m_version;
     QStringList m_categories;
     QHash<QString, qsizetype> m_byName;
-    IconSearch m_search;
+    mutable std::optional<IconSearch> m_search;
 
     mutable QMutex m_cacheLock;
     mutable QHash<QString, QPainterPath> m_pathCache;

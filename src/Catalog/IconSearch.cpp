@@ -63,12 +63,19 @@ std::string_view view(const QByteArray& bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-// Tags are kept one per line; a line break inside a tag would split it.
-QByteArray indexText(const QString& text)
+// Appends text as UTF-8 without a temporary for the common ASCII case. Tags
+// are kept one per line, so a line break inside one becomes a space.
+void appendIndexText(std::string& out, QStringView text)
 {
-    QByteArray bytes = text.toUtf8();
-    bytes.replace('\n', ' ');
-    return bytes;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i].unicode();
+        if (c >= 0x80) {
+            const QByteArray rest = text.sliced(i).toUtf8().replace('\n', ' ');
+            out.append(rest.constData(), static_cast<std::size_t>(rest.size()));
+            return;
+        }
+        out.push_back(c == u'\n' ? ' ' : static_cast<char>(c));
+    }
 }
 
 } // namespace
@@ -76,15 +83,16 @@ QByteArray indexText(const QString& text)
 IconSearch::IconSearch(const IconList& icons) : m_icons(icons)
 {
     m_entries.reserve(static_cast<std::size_t>(icons.size()));
+    m_text.reserve(static_cast<std::size_t>(icons.size()) * 96);
     m_signatures.reserve(static_cast<std::size_t>(icons.size()));
     m_entryOf.reserve(icons.size());
     for (const Icon& icon : icons) {
         const auto start = static_cast<std::uint32_t>(m_text.size());
-        m_text += indexText(icon.searchName());
+        appendIndexText(m_text, icon.searchName());
         const auto nameEnd = static_cast<std::uint32_t>(m_text.size());
         for (const QString& tag : icon.searchTags()) {
-            m_text += '\n';
-            m_text += indexText(tag);
+            m_text.push_back('\n');
+            appendIndexText(m_text, tag);
         }
         const auto end = static_cast<std::uint32_t>(m_text.size());
         m_entries.push_back({start, nameEnd, end});
@@ -110,12 +118,12 @@ QStringList IconSearch::queryWords(QStringView query)
 
 std::string_view IconSearch::name(const Entry& entry) const
 {
-    return std::string_view(m_text.constData() + entry.start, entry.nameEnd - entry.start);
+    return std::string_view(m_text.data() + entry.start, entry.nameEnd - entry.start);
 }
 
 template <typename F> void IconSearch::forEachTag(const Entry& entry, F&& f) const
 {
-    const std::string_view all(m_text.constData(), static_cast<std::size_t>(m_text.size()));
+    const std::string_view all(m_text.data(), static_cast<std::size_t>(m_text.size()));
     std::size_t at = entry.nameEnd;
     while (at < entry.end) {
         const std::size_t tagStart = at + 1;
@@ -135,7 +143,7 @@ template <typename F> void IconSearch::forEachTag(const Entry& entry, F&& f) con
 int IconSearch::scoreWord(const Entry& entry, const Word& word) const
 {
     const std::string_view text = word.text;
-    const std::string_view iconName(m_text.constData() + entry.start, entry.nameEnd - entry.start);
+    const std::string_view iconName(m_text.data() + entry.start, entry.nameEnd - entry.start);
     int best = 0;
     for (std::size_t at = find(iconName, text); at != std::string_view::npos;
          at = find(iconName, text, at + 1)) {
@@ -146,7 +154,7 @@ int IconSearch::scoreWord(const Entry& entry, const Word& word) const
     if (best > 0)
         return best; // any name match outranks every tag match
 
-    const std::string_view tags(m_text.constData() + entry.nameEnd, entry.end - entry.nameEnd);
+    const std::string_view tags(m_text.data() + entry.nameEnd, entry.end - entry.nameEnd);
     for (std::size_t at = find(tags, text); at != std::string_view::npos;
          at = find(tags, text, at + 1)) {
         const std::size_t after = at + text.size();

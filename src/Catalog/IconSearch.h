@@ -5,6 +5,7 @@
 #include <QHash>
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -56,7 +57,7 @@ private:
     static IconList sortedByScore(const std::vector<Hit>& hits, const IconList& icons);
 
     IconList m_icons;
-    QByteArray m_text;
+    std::string m_text; // every entry's name and tags, lower-cased UTF-8
     std::vector<Entry> m_entries;
     std::vector<Signature> m_signatures; // bytes and byte pairs of each entry
     QHash<const void*, std::uint32_t> m_entryOf;
