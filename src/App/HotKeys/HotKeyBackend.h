@@ -1,0 +1,27 @@
+#pragma once
+
+#include "App/KeyCombo.h"
+
+#include <functional>
+#include <memory>
+
+// What a windowing system must offer for global hot keys: make a key
+// combination system-wide under a number, withdraw it, and report presses by
+// that number.
+class HotKeyBackend {
+public:
+    using PressHandler = std::function<void(quint32 number)>;
+
+    virtual ~HotKeyBackend() = default;
+
+    // Called once, before the first registration.
+    virtual void installHandler(PressHandler handler) = 0;
+    // False when the system refuses the combination (another application holds
+    // it); then nothing of it is live.
+    virtual bool registerHotKey(quint32 number, const KeyCombo& combo) = 0;
+    virtual void unregisterHotKey(quint32 number) = 0;
+
+    // X11 grabs on the xcb platform; elsewhere a backend that refuses every
+    // combination (Wayland gives ordinary clients no global grabs).
+    static std::unique_ptr<HotKeyBackend> forPlatform();
+};
