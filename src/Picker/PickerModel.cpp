@@ -4,6 +4,7 @@
 
 #include <QMetaMethod>
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -63,8 +64,7 @@ PickerModel::PickerModel(IconLibrary& library, UserLibrary& user, Preferences& p
 {
     refresh(false);
     // The picker always opens on the start icon when it is listed.
-    const qsizetype start = indexOf(startIconName());
-    if (start >= 0)
+    if (indexOf(startIconName()) >= 0)
         assignSelection(startIconName());
     m_announced = derived();
     subscribe();
@@ -244,7 +244,7 @@ Icon PickerModel::current() const
         if (!selected.isNull())
             return selected;
     }
-    return m_results.isEmpty() ? Icon() : m_results.first();
+    return m_results.isEmpty() ? Icon() : m_results.constFirst();
 }
 
 QString PickerModel::currentName() const
@@ -342,7 +342,13 @@ void PickerModel::refresh(bool keepSelection)
     const ChangeScope scope(*this);
     IconList source = sourceIcons();
     if (m_style == IconStyle::filled) {
-        source.removeIf([](const Icon& icon) { return !icon.has(IconStyle::filled); });
+        // Copied out rather than removed in place: the source is often the
+        // catalogue's own list, which removal would first copy whole.
+        IconList filled;
+        filled.reserve(source.size());
+        std::copy_if(source.cbegin(), source.cend(), std::back_inserter(filled),
+                     [](const Icon& icon) { return icon.has(IconStyle::filled); });
+        source = std::move(filled);
     }
     IconList results = m_library.search(m_query, source);
     const bool resultsDiffer = results != m_results;
@@ -352,7 +358,7 @@ void PickerModel::refresh(bool keepSelection)
     const bool keep = keepSelection && m_selectedIndex >= 0;
     // With no results the selection stays as it was rather than being cleared.
     const bool selectionMoved =
-        !keep && !m_results.isEmpty() && assignSelection(m_results.first().id());
+        !keep && !m_results.isEmpty() && assignSelection(m_results.constFirst().id(), 0);
     if (resultsDiffer)
         emit resultsChanged();
     if (selectionMoved)
@@ -372,7 +378,8 @@ void PickerModel::move(int dx, int dy)
         target = std::max<qsizetype>(0, m_selectedIndex + dx + qsizetype(columns) * dy);
         target = std::min(target, m_results.size() - 1);
     }
-    setSelectedID(m_results.at(target).id());
+    if (assignSelection(m_results.at(target).id(), target))
+        emit selectedIDChanged();
     bumpScrollRequest();
 }
 
@@ -419,13 +426,17 @@ qsizetype PickerModel::indexOf(const QString& name) const
     return found == m_results.cend() ? -1 : found - m_results.cbegin();
 }
 
-bool PickerModel::assignSelection(const QString& name)
+bool PickerModel::assignSelection(const QString& name, qsizetype at)
 {
-    if (name == m_selectedID)
+    if (name == m_selectedID && (at < 0 || at == m_selectedIndex))
         return false;
+    const bool changed = name != m_selectedID;
     m_selectedID = name;
-    m_selectedIndex = indexOf(name);
-    return true;
+    // Where the caller knows the place, a name listed twice (a favorite
+    // imported twice) is not pulled back to its first place.
+    const bool known = at >= 0 && at < m_results.size() && m_results.at(at).id() == name;
+    m_selectedIndex = known ? at : indexOf(name);
+    return changed;
 }
 
 void PickerModel::bumpScrollRequest()

@@ -187,8 +187,9 @@ private:
     IconList sourceIcons() const;
     IconList iconsNamed(const QStringList& names) const;
     qsizetype indexOf(const QString& name) const;
-    // Sets the selection without announcing it.
-    bool assignSelection(const QString& name);
+    // Sets the selection without announcing it; `at` is its place in the
+    // results when the caller knows it. True when the name changed.
+    bool assignSelection(const QString& name, qsizetype at = -1);
     void bumpScrollRequest();
     Derived derived() const;
     void announceDerived();
