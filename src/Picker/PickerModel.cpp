@@ -69,7 +69,7 @@ PickerModel::PickerModel(IconLibrary& library, UserLibrary& user, Preferences& p
     m_announced = derived();
     subscribe();
     // The format is checked once now as well as after every settings change.
-    preferenceChanged();
+    scheduleFormatCheck();
 }
 
 void PickerModel::subscribe()
@@ -84,7 +84,7 @@ void PickerModel::subscribe()
         if (m_tab.is(PickerTab::Kind::recents))
             refresh(true);
     });
-    connect(&m_library, &IconLibrary::catalogueChanged, this, &PickerModel::catalogueChanged);
+    connect(&m_library, &IconLibrary::catalogueChanged, this, &PickerModel::catalogueReplaced);
 
     // The default look overwrites the working one only when it changes.
     connect(&m_prefs, &Preferences::defaultFormatChanged, this,
@@ -110,7 +110,7 @@ void PickerModel::subscribe()
     // Every setting, including ones added later, leads to the format check.
     const QMetaObject& prefsMeta = Preferences::staticMetaObject;
     const QMetaMethod onChange =
-        staticMetaObject.method(staticMetaObject.indexOfSlot("preferenceChanged()"));
+        staticMetaObject.method(staticMetaObject.indexOfSlot("scheduleFormatCheck()"));
     for (int i = prefsMeta.propertyOffset(); i < prefsMeta.propertyCount(); ++i) {
         const QMetaProperty property = prefsMeta.property(i);
         if (property.hasNotifySignal())
@@ -118,7 +118,7 @@ void PickerModel::subscribe()
     }
 }
 
-void PickerModel::preferenceChanged()
+void PickerModel::scheduleFormatCheck()
 {
     // Deferred so that it sees the new value; one check serves a burst of changes.
     if (m_formatCheckQueued)
@@ -139,7 +139,7 @@ void PickerModel::checkFormat()
     emit changed();
 }
 
-void PickerModel::catalogueChanged()
+void PickerModel::catalogueReplaced()
 {
     const ChangeScope scope(*this);
     m_outlineCount = m_library.outlineCount();

@@ -163,7 +163,7 @@ signals:
     void nothingToCopy();
 
 private slots:
-    void preferenceChanged();
+    void scheduleFormatCheck();
 
 private:
     // The computed properties as last announced, to tell which changed.
@@ -182,7 +182,7 @@ private:
     class ChangeScope;
 
     void subscribe();
-    void catalogueChanged();
+    void catalogueReplaced();
     void checkFormat();
     IconList sourceIcons() const;
     IconList iconsNamed(const QStringList& names) const;
