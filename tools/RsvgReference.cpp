@@ -1,0 +1,91 @@
+#include "RsvgReference.h"
+
+#include "Export/SnippetBuilder.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <cmath>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace RsvgReference {
+
+QString program()
+{
+    return QStandardPaths::findExecutable(u"rsvg-convert"_s);
+}
+
+QList<QImage> render(const QList<IconExport>& items, int scale, QString* error)
+{
+    if (items.isEmpty())
+        return {};
+    SnippetBuilder builder;
+    builder.classAttribute.clear();
+
+    int cell = 0;
+    for (const IconExport& item : items)
+        cell = std::max(cell, item.size);
+    const auto columns = static_cast<int>(std::ceil(std::sqrt(items.size())));
+    const auto rows = static_cast<int>((items.size() + columns - 1) / columns);
+
+    // A nested <svg> clips to its own viewport, as the edge of a separate
+    // image would.
+    QString sheet =
+        uR"(<svg xmlns="http://www.w3.org/2000/svg" width="%1" height="%2">)"_s.arg(columns * cell)
+            .arg(rows * cell);
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        const QString position =
+            uR"(<svg x="%1" y="%2")"_s.arg(i % columns * cell).arg(i / columns * cell);
+        IconExport black = items[i];
+        black.color = u"#000000"_s;
+        sheet += builder.svg(black, true).replace(0, 4, position);
+    }
+    sheet += u"</svg>"_s;
+
+    QProcess process;
+    process.start(program(), {u"--zoom"_s, QString::number(scale), u"--format"_s, u"png"_s});
+    process.write(sheet.toUtf8());
+    process.closeWriteChannel();
+    const bool finished = process.waitForFinished(300'000);
+    const QImage image = QImage::fromData(process.readAllStandardOutput(), "PNG");
+    if (!finished || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0 ||
+        image.isNull()) {
+        if (error) {
+            *error = u"rsvg-convert failed: "_s + process.errorString() + u' ' +
+                     QString::fromLocal8Bit(process.readAllStandardError());
+        }
+        return {};
+    }
+
+    QList<QImage> images;
+    images.reserve(items.size());
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        const int side = items[i].size * scale;
+        images += image.copy(static_cast<int>(i % columns) * cell * scale,
+                             static_cast<int>(i / columns) * cell * scale, side, side);
+    }
+    return images;
+}
+
+AlphaDifference alphaDifference(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size() || a.isNull())
+        return {255, 255};
+    const QImage left = a.convertToFormat(QImage::Format_ARGB32);
+    const QImage right = b.convertToFormat(QImage::Format_ARGB32);
+    qint64 total = 0;
+    int max = 0;
+    for (int y = 0; y < left.height(); ++y) {
+        const auto* l = reinterpret_cast<const QRgb*>(left.constScanLine(y));
+        const auto* r = reinterpret_cast<const QRgb*>(right.constScanLine(y));
+        for (int x = 0; x < left.width(); ++x) {
+            const int difference = std::abs(qAlpha(l[x]) - qAlpha(r[x]));
+            total += difference;
+            max = std::max(max, difference);
+        }
+    }
+    return {static_cast<double>(total) / (static_cast<double>(left.width()) * left.height()), max};
+}
+
+} // namespace RsvgReference
