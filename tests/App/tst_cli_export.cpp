@@ -68,6 +68,30 @@ private slots:
                     .out.startsWith("data:image/svg+xml,%3Csvg%20"));
     }
 
+    void pngHasTheExactPixelSize()
+    {
+        const PictrayProcess pictray;
+        auto result = pictray.run({"export", "star", "--format", "png2"});
+        QCOMPARE(result.exitCode, 0);
+        QImage image = QImage::fromData(result.out, "PNG");
+        QCOMPARE(image.size(), QSize(48, 48));
+        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+
+        const QString path = pictray.dataDir() + "/star.png";
+        result =
+            pictray.run({"export", "star", "--format", "png3", "--size", "16", "--color", "#ff0000",
+                         "--set", "pngPadding=2", "--set", "pngBackground=white", "-o", path});
+        QCOMPARE(result.exitCode, 0);
+        image = QImage(path);
+        QCOMPARE(image.size(), QSize(60, 60));
+        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white)); // the padding is filled too
+        bool red = false;
+        for (int y = 0; y < image.height() && !red; ++y)
+            for (int x = 0; x < image.width() && !red; ++x)
+                red = image.pixelColor(x, y) == QColor(Qt::red);
+        QVERIFY(red);
+    }
+
     void errors_data()
     {
         QTest::addColumn<QStringList>("args");

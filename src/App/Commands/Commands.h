@@ -20,6 +20,9 @@ int favorites(const QStringList& args, Io& io);
 int recents(const QStringList& args, Io& io);
 int exportIcon(const QStringList& args, Io& io);
 
+// Bytes to FILE, atomically, or to stdout when path is empty.
+bool writeOutput(const QByteArray& bytes, const QString& path, Io& io);
+
 // The PNG half of export: to FILE, or to stdout unless it is a terminal.
 int exportPNG(const IconExport& item, ExportFormat format, const Preferences& preferences,
               const QString& output, Io& io);

@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QSaveFile>
 #include <QTemporaryDir>
-#include <unistd.h>
 
 namespace Cli {
 namespace {
@@ -72,7 +71,9 @@ int unknownIcon(const QString& name, Io& io)
     return Status::failure;
 }
 
-bool writeBytes(const QByteArray& bytes, const QString& path, Io& io)
+} // namespace
+
+bool writeOutput(const QByteArray& bytes, const QString& path, Io& io)
 {
     if (path.isEmpty()) {
         io.out.flush();
@@ -86,8 +87,6 @@ bool writeBytes(const QByteArray& bytes, const QString& path, Io& io)
     io.err << "pictray: cannot write " << path << ": " << file.errorString() << '\n';
     return false;
 }
-
-} // namespace
 
 int exportIcon(const QStringList& args, Io& io)
 {
@@ -157,7 +156,7 @@ int exportIcon(const QStringList& args, Io& io)
     if (Formats::isImage(*format))
         return exportPNG(item, *format, preferences, output, io);
     const QByteArray bytes = SnippetBuilder::current(preferences).text(*format, item).toUtf8();
-    return writeBytes(bytes, output, io) ? Status::ok : Status::failure;
+    return writeOutput(bytes, output, io) ? Status::ok : Status::failure;
 }
 
 } // namespace Cli
