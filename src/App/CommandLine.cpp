@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array commands{
     Command{"info", "info", info},
-    Command{"search", "search [--style outline|filled] QUERY...", search},
+    Command{"search", "search [--style outline|filled] [--in all|favorites|recents|category:NAME] QUERY...", search},
     Command{"near", "near [--limit N] QUERY...", near},
     Command{"catalogue", "catalogue build --from DIR [--version V] -o FILE", catalogue},
     Command{"update", "update", update},

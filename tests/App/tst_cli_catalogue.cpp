@@ -40,10 +40,13 @@ private slots:
     {
         const PictrayProcess pictray;
         const QString path = pictray.dataDir() + "/Pictray/tabler-icons.json";
-        write(path, R"({"version":"99.0.0","icons":[{"n":"a","c":"X","t":[],"o":["M1 1"],"f":["M1 1"]}]})");
+        write(
+            path,
+            R"({"version":"99.0.0","icons":[{"n":"a","c":"X","t":[],"o":["M1 1"],"f":["M1 1"]}]})");
         const auto result = pictray.run({"info"});
-        QCOMPARE(result.lines(), (QStringList{"version: 99.0.0", "icons: 1", "outline: 1", "filled: 1",
-                                              "categories: 1", "source: downloaded " + path}));
+        QCOMPARE(result.lines(),
+                 (QStringList{"version: 99.0.0", "icons: 1", "outline: 1", "filled: 1",
+                              "categories: 1", "source: downloaded " + path}));
     }
 
     void searchAndNear()
@@ -70,6 +73,26 @@ private slots:
 
         result = pictray.run({"near", "xy"});
         QCOMPARE(result.out, QByteArray("words: \n"));
+    }
+
+    void searchWithinTheTabs()
+    {
+        const PictrayProcess pictray;
+        QCOMPARE(pictray.run({"favorites", "add", "star", "home", "abacus"}).exitCode, 0);
+        QCOMPARE(pictray.run({"search", "--in", "favorites"}).lines(),
+                 (QStringList{"star", "home", "abacus"}));
+        // The picker's style filter: abacus has no filled form.
+        QCOMPARE(pictray.run({"search", "--in", "favorites", "--style", "filled"}).lines(),
+                 (QStringList{"star", "home"}));
+        QVERIFY(pictray.run({"search", "--in", "recents"}).out.isEmpty());
+        const QStringList arrows =
+            pictray.run({"search", "--in", "category:Arrows", "left"}).lines();
+        const QStringList everywhere = pictray.run({"search", "left"}).lines();
+        QVERIFY(!arrows.isEmpty() && arrows.size() < everywhere.size());
+        for (const QString& name : arrows)
+            QVERIFY(everywhere.contains(name));
+        QVERIFY(pictray.run({"search", "--in", "category:No such"}).out.isEmpty());
+        QCOMPARE(pictray.run({"search", "--in", "starred", "x"}).exitCode, 2);
     }
 
     void usageErrors_data()
@@ -113,10 +136,12 @@ private slots:
         QCOMPARE(result.exitCode, 0);
         QFile file(out);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray(R"({"version":"3.60.1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"]},)"
-                                            R"({"n":"b","c":"C","t":["t","4.0"],"o":[],"f":["M2 2"]}]})"));
+        QCOMPARE(file.readAll(),
+                 QByteArray(R"({"version":"3.60.1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"]},)"
+                            R"({"n":"b","c":"C","t":["t","4.0"],"o":[],"f":["M2 2"]}]})"));
 
-        result = pictray.run({"catalogue", "build", "--from", package, "--version", "1.2", "-o", out});
+        result =
+            pictray.run({"catalogue", "build", "--from", package, "--version", "1.2", "-o", out});
         QCOMPARE(result.exitCode, 0);
         file.close();
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -143,7 +168,8 @@ private slots:
         auto result = pictray.run({"update"});
         QCOMPARE(result.exitCode, 0);
         QCOMPARE(QString::fromUtf8(result.out),
-                 QString::fromUtf8("Downloading Tabler Icons 99.1.0…\nUpdated to Tabler Icons 99.1.0.\n"));
+                 QString::fromUtf8(
+                     "Downloading Tabler Icons 99.1.0…\nUpdated to Tabler Icons 99.1.0.\n"));
         QCOMPARE(pictray.run({"info"}).lines().first(), QStringLiteral("version: 99.1.0"));
 
         result = pictray.run({"update"});

@@ -1,5 +1,8 @@
 #include "Catalog/IconLibrary.h"
 #include "Commands.h"
+#include "Picker/PickerModel.h"
+#include "State/Preferences.h"
+#include "State/UserLibrary.h"
 
 #include <QCommandLineParser>
 
@@ -29,23 +32,48 @@ int info(const QStringList& args, Io& io)
     return Status::ok;
 }
 
+namespace {
+
+std::optional<PickerTab> tabNamed(const QString& text)
+{
+    if (text == u"all")
+        return PickerTab::all();
+    if (text == u"favorites")
+        return PickerTab::favorites();
+    if (text == u"recents")
+        return PickerTab::recents();
+    if (text.startsWith(u"category:"))
+        return PickerTab::ofCategory(text.sliced(9));
+    return std::nullopt;
+}
+
+} // namespace
+
+// Lists exactly what the picker would: its tab's icons, its style filter, its ranking.
 int search(const QStringList& args, Io& io)
 {
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("style"), QString(), QStringLiteral("outline|filled")});
+    parser.addOption({QStringLiteral("in"), QString(),
+                      QStringLiteral("all|favorites|recents|category:NAME"),
+                      QStringLiteral("all")});
     int status = Status::ok;
     if (!parse(parser, "search", args, io, &status))
         return status;
     const auto style = fromRawValue<IconStyle>(parser.value(QStringLiteral("style")));
     if (parser.isSet(QStringLiteral("style")) && !style)
         return usageError(io, QStringLiteral("--style takes outline or filled"));
+    const auto tab = tabNamed(parser.value(QStringLiteral("in")));
+    if (!tab)
+        return usageError(io,
+                          QStringLiteral("--in takes all, favorites, recents or category:NAME"));
 
-    const IconLibrary& library = IconLibrary::shared();
-    IconList icons = library.icons();
-    // The picker shows only icons that have the chosen style.
-    if (style == IconStyle::filled)
-        icons.removeIf([](const Icon& icon) { return !icon.has(IconStyle::filled); });
-    for (const Icon& icon : library.search(joinedQuery(parser.positionalArguments()), icons))
+    PickerModel picker(IconLibrary::shared(), UserLibrary::shared(), Preferences::shared(),
+                       nullptr);
+    picker.setTab(*tab);
+    picker.setStyle(style.value_or(IconStyle::outline));
+    picker.setQuery(joinedQuery(parser.positionalArguments()));
+    for (const Icon& icon : picker.results())
         io.out << icon.id() << '\n';
     return Status::ok;
 }
