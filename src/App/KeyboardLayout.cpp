@@ -56,7 +56,7 @@ QString symbolText(xkb_keysym_t sym)
     std::array<char, 64> buffer{};
     if (xkb_keysym_to_utf8(sym, buffer.data(), buffer.size()) <= 0)
         return QString();
-    const QString text = QString::fromUtf8(buffer.data());
+    QString text = QString::fromUtf8(buffer.data());
     // Return, Tab, Escape and the like map to control characters.
     for (const QChar c : text) {
         if (c.category() == QChar::Other_Control)

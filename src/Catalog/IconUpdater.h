@@ -37,7 +37,7 @@ public:
     Q_INVOKABLE void checkForNewIcons();
 
     // Responses larger than this are refused.
-    static constexpr qint64 maxResponseBytes = 64 * 1024 * 1024;
+    static constexpr qint64 maxResponseBytes = qint64(64) * 1024 * 1024;
 
 signals:
     void stateChanged();

@@ -36,7 +36,7 @@ std::optional<QJsonObject> parseObject(QByteArrayView data, QString* error)
 PathList pathStrings(const QJsonArray& nodeList)
 {
     PathList paths;
-    for (const QJsonValue& node : nodeList) {
+    for (const auto& node : nodeList) {
         const QJsonArray pair = node.toArray();
         if (pair.size() != 2 || pair.at(0).toString() != u"path")
             continue;
@@ -59,7 +59,7 @@ bool readMeta(const QJsonValue& value, Meta& meta)
         return false;
     const QJsonValue tags = object.value(QLatin1String("tags"));
     if (tags.isArray()) {
-        for (const QJsonValue& tag : tags.toArray()) {
+        for (const auto& tag : tags.toArray()) {
             // Real releases carry a stray null tag; such a tag is dropped, not fatal.
             if (tag.isString())
                 meta.tags.append(tag.toString());
@@ -130,7 +130,7 @@ std::optional<QHash<QString, Meta>> metadata(QByteArrayView data, QString* error
                 *error = QStringLiteral("the entry \"%1\" is not icon metadata").arg(it.key());
             return std::nullopt;
         }
-        result.insert(it.key(), std::move(meta));
+        result.insert(it.key(), meta);
     }
     return result;
 }

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 namespace {
-constexpr std::size_t blockSize = 256 * 1024;
+constexpr std::size_t blockSize = std::size_t(256) * 1024;
 } // namespace
 
 TextArena& TextArena::forThisRun()

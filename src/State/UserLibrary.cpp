@@ -14,9 +14,9 @@
 
 namespace {
 
-const QString favoritesKey = QStringLiteral("favorites");
-const QString recentsKey = QStringLiteral("recents");
-const QString lastCopyKey = QStringLiteral("lastCopy");
+QString favoritesKey() { return QStringLiteral("favorites"); }
+QString recentsKey() { return QStringLiteral("recents"); }
+QString lastCopyKey() { return QStringLiteral("lastCopy"); }
 
 template <typename E> std::optional<E> enumValue(const QJsonValue& value)
 {
@@ -40,7 +40,7 @@ std::optional<QStringList> namesIn(const QJsonDocument& document)
     }
     QStringList names;
     names.reserve(array.size());
-    for (const QJsonValue& name : std::as_const(array)) {
+    for (const auto& name : std::as_const(array)) {
         if (!name.isString())
             return std::nullopt;
         names.append(name.toString());
@@ -89,11 +89,11 @@ std::optional<UserLibrary::LastCopy> UserLibrary::LastCopy::fromJson(const QByte
 UserLibrary::UserLibrary(SettingsStore& store, const Preferences& preferences,
                          IconExists iconExists, QObject* parent)
     : QObject(parent), m_store(store), m_preferences(preferences),
-      m_iconExists(std::move(iconExists)), m_favorites(store.stringListValue(favoritesKey)),
-      m_recents(store.stringListValue(recentsKey))
+      m_iconExists(std::move(iconExists)), m_favorites(store.stringListValue(favoritesKey())),
+      m_recents(store.stringListValue(recentsKey()))
 {
     // Undecodable data stays in the store until the next copy replaces it.
-    if (const auto data = store.bytesValue(lastCopyKey))
+    if (const auto data = store.bytesValue(lastCopyKey()))
         m_lastCopy = LastCopy::fromJson(*data);
 }
 
@@ -101,21 +101,21 @@ void UserLibrary::setFavorites(const QStringList& favorites)
 {
     m_favorites = favorites;
     emit favoritesChanged();
-    m_store.setStringList(favoritesKey, m_favorites);
+    m_store.setStringList(favoritesKey(), m_favorites);
 }
 
 void UserLibrary::setRecents(const QStringList& recents)
 {
     m_recents = recents;
     emit recentsChanged();
-    m_store.setStringList(recentsKey, m_recents);
+    m_store.setStringList(recentsKey(), m_recents);
 }
 
 void UserLibrary::recordCopy(const LastCopy& copy)
 {
     m_lastCopy = copy;
     emit lastCopyChanged();
-    m_store.setBytes(lastCopyKey, copy.toJson());
+    m_store.setBytes(lastCopyKey(), copy.toJson());
 
     QStringList recents{copy.name};
     for (const QString& name : std::as_const(m_recents)) {

@@ -42,7 +42,7 @@ public:
     using IconExists = std::function<bool(const QString& name)>;
 
     // Larger import files are refused unread.
-    static constexpr qint64 maxImportBytes = 4 * 1024 * 1024;
+    static constexpr qint64 maxImportBytes = qint64(4) * 1024 * 1024;
 
     UserLibrary(SettingsStore& store, const Preferences& preferences, IconExists iconExists,
                 QObject* parent = nullptr);
