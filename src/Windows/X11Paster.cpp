@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <cstdlib>
+#include <cstring>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
@@ -40,6 +41,19 @@ xcb_keycode_t keycodeFor(xcb_connection_t* connection, xcb_keysym_t keysym)
     return 0;
 }
 
+xcb_atom_t internAtom(xcb_connection_t* connection, const char* name)
+{
+    const Reply atom(xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name),
+        nullptr));
+    return atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+xcb_window_t rootWindow(xcb_connection_t* connection)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
 void fakeKey(xcb_connection_t* connection, uint8_t type, xcb_keycode_t keycode)
 {
     xcb_test_fake_input(connection, type, keycode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
@@ -57,6 +71,7 @@ X11Paster::X11Paster(QObject* parent) : QObject(parent)
         const xcb_query_extension_reply_t* xtest =
             xcb_get_extension_data(m_connection, &xcb_test_id);
         m_hasXTest = xtest && xtest->present;
+        m_activeAtom = internAtom(m_connection, "_NET_ACTIVE_WINDOW");
     }
     m_poll.setInterval(pollIntervalMs);
     connect(&m_poll, &QTimer::timeout, this, [this] {
@@ -70,8 +85,22 @@ X11Paster::X11Paster(QObject* parent) : QObject(parent)
 void X11Paster::rememberTarget()
 {
     m_target = 0;
+    m_activeWindow = 0;
     if (!m_connection)
         return;
+    // A window manager knows the active top-level window; the input focus may
+    // sit on one of its children.
+    if (m_activeAtom != XCB_ATOM_NONE) {
+        const Reply active(
+            xcb_get_property_reply(m_connection,
+                                   xcb_get_property(m_connection, 0, rootWindow(m_connection),
+                                                    m_activeAtom, XCB_ATOM_WINDOW, 0, 1),
+                                   nullptr));
+        if (active && active->type == XCB_ATOM_WINDOW && active->format == 32 &&
+            xcb_get_property_value_length(active.value) == 4)
+            m_activeWindow =
+                *static_cast<const xcb_window_t*>(xcb_get_property_value(active.value));
+    }
     const Reply focus(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     // PointerRoot and None name no window to come back to.
@@ -88,18 +117,37 @@ void X11Paster::paste()
 {
     if (!isTrusted())
         return;
-    if (m_target != 0) {
-        const uint32_t above = XCB_STACK_MODE_ABOVE;
-        xcb_configure_window(m_connection, m_target, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-        // The target may have gone since it was noted; that error is harmless.
-        xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, m_target, XCB_CURRENT_TIME);
-        xcb_flush(m_connection);
-    }
+    restoreTarget();
     m_waiting.start();
     if (modifiersHeld())
         m_poll.start();
     else
         sendPasteKeys();
+}
+
+void X11Paster::restoreTarget()
+{
+    if (m_activeWindow != 0) {
+        // Ask the window manager to activate and raise it, as a pager would (source 2).
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = m_activeWindow;
+        message.type = m_activeAtom;
+        message.data.data32[0] = 2;
+        message.data.data32[1] = XCB_CURRENT_TIME;
+        xcb_send_event(m_connection, 0, rootWindow(m_connection),
+                       XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                       reinterpret_cast<const char*>(&message));
+    }
+    if (m_target != 0) {
+        // A window that was closed or unmapped since cannot take the focus.
+        const Reply attributes(xcb_get_window_attributes_reply(
+            m_connection, xcb_get_window_attributes(m_connection, m_target), nullptr));
+        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE)
+            xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, m_target, XCB_CURRENT_TIME);
+    }
+    xcb_flush(m_connection);
 }
 
 bool X11Paster::modifiersHeld() const

@@ -34,12 +34,15 @@ signals:
     void pasted();
 
 private:
+    void restoreTarget();
     bool modifiersHeld() const;
     void sendPasteKeys();
 
     xcb_connection_t* m_connection = nullptr;
     bool m_hasXTest = false;
-    uint32_t m_target = 0;
+    uint32_t m_target = 0;       // had the input focus
+    uint32_t m_activeWindow = 0; // the window manager's active window, if any
+    uint32_t m_activeAtom = 0;
     QTimer m_poll;
     QElapsedTimer m_waiting;
 };
