@@ -4,7 +4,9 @@
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QRegion>
 #include <QScreen>
+#include <cmath>
 
 namespace {
 
@@ -19,6 +21,27 @@ QFont hudFont()
     font.setPointSizeF(fontPointSize);
     font.setWeight(QFont::DemiBold);
     return font;
+}
+
+QRectF pillRect(const QSize& size)
+{
+    return QRectF(QPointF(), QSizeF(size)).adjusted(0.5, 0.5, -0.5, -0.5);
+}
+
+// Without a compositor the window's alpha is ignored; the shape keeps the
+// corners from showing as dark squares.
+QRegion pillRegion(const QSize& size)
+{
+    // Row by row, so the round ends are exact to the pixel.
+    QRegion region;
+    const double radius = size.height() / 2.0;
+    for (int y = 0; y < size.height(); ++y) {
+        const double dy = y + 0.5 - radius;
+        const int inset = static_cast<int>(
+            std::floor(radius - std::sqrt(std::max(0.0, radius * radius - dy * dy))));
+        region += QRect(inset, y, size.width() - 2 * inset, 1);
+    }
+    return region;
 }
 
 } // namespace
@@ -60,7 +83,9 @@ void HUD::show(const QString& message)
     } else {
         resize(size);
     }
+    setMask(pillRegion(size));
     QRasterWindow::show();
+    raise(); // a window opened since the last message may cover it
     update();
     m_hold.start();
 }
@@ -87,7 +112,7 @@ void HUD::paintEvent(QPaintEvent*)
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setRenderHint(QPainter::Antialiasing);
 
-    const QRectF pill = QRectF(QPointF(), QSizeF(size())).adjusted(0.5, 0.5, -0.5, -0.5);
+    const QRectF pill = pillRect(size());
     const qreal radius = pill.height() / 2;
     painter.setPen(QPen(QColor(255, 255, 255, 40), 1));
     painter.setBrush(QColor(28, 28, 30, 235));
