@@ -1,0 +1,246 @@
+#include "Catalog/IconLibrary.h"
+#include "Catalog/PackageConverter.h"
+#include "Export/CopyService.h"
+#include "Export/SnippetBuilder.h"
+#include "State/Preferences.h"
+#include "State/SettingsStore.h"
+#include "State/UserLibrary.h"
+
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QTest>
+
+using PackageConverter::OutEntry;
+using LastCopy = UserLibrary::LastCopy;
+
+namespace {
+
+struct FakeTargets : Clipboard, HeadsUp, Paster {
+    std::optional<QString> text;
+    QByteArray png;
+    QStringList messages;
+    bool trusted = true;
+    int pastes = 0;
+    void clear() override { text.reset(), png.clear(); }
+    void putText(const QString& value) override { text = value; }
+    void putPNG(const QByteArray& bytes, const QImage&) override { png = bytes; }
+    void show(const QString& message) override { messages.append(message); }
+    void rememberTarget() override {}
+    bool isTrusted() const override { return trusted; }
+    void paste() override { ++pastes; }
+};
+
+const PathList line{"M2 12h20"};
+
+} // namespace
+
+class TestCopyService : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir dir;
+    int files = 0;
+    std::unique_ptr<SettingsStore> store;
+    std::unique_ptr<Preferences> prefs;
+    std::unique_ptr<IconLibrary> library;
+    std::unique_ptr<UserLibrary> user;
+    FakeTargets fake;
+    std::unique_ptr<CopyService> service;
+
+    void load(const std::vector<OutEntry>& icons)
+    {
+        QFile file(dir.filePath(QStringLiteral("catalogue-%1.json").arg(++files)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(PackageConverter::OutFile{"1.0", icons}.encode());
+        file.close();
+        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
+        user = std::make_unique<UserLibrary>(*store, *prefs, [](const QString&) { return true; });
+        service = std::make_unique<CopyService>(*library, *user, *prefs, fake, fake, fake);
+    }
+    IconExport item(const QString& name)
+    {
+        return {library->icon(name), {}, 24, 2, u"currentColor"_qs};
+    }
+
+private slots:
+    void init()
+    {
+        // Drag files go to a folder of this run, not the shared temporary one.
+        QVERIFY(QDir().mkpath(dir.filePath(u"tmp"_qs)));
+        qputenv("TMPDIR", dir.filePath(u"tmp"_qs).toLocal8Bit());
+        service.reset(), user.reset();
+        store = std::make_unique<SettingsStore>(dir.filePath(QStringLiteral("s-%1").arg(++files)));
+        prefs = std::make_unique<Preferences>(*store);
+        load({{u"home"_qs, u"B"_qs, {}, line, line},
+              {u"plus"_qs, u"M"_qs, {}, line, std::nullopt},
+              {u"blank"_qs, u"S"_qs, {}, std::nullopt, std::nullopt}});
+        fake = {};
+    }
+
+    void copyFillsTheClipboardRecordsAndSaysSo_data()
+    {
+        QTest::addColumn<ExportFormat>("format");
+        QTest::addColumn<ReactLanguage>("language");
+        QTest::addColumn<int>("pixels"); // 0: text
+        QTest::addColumn<QString>("message");
+        QTest::newRow("svg") << ExportFormat::svg << ReactLanguage::tsx << 0 << u"Raw SVG"_qs;
+        QTest::newRow("tsx") << ExportFormat::jsx << ReactLanguage::tsx << 0 << u"React / TSX"_qs;
+        QTest::newRow("jsx") << ExportFormat::jsx << ReactLanguage::jsx << 0 << u"React / JSX"_qs;
+        QTest::newRow("dataURI") << ExportFormat::dataURI << ReactLanguage::tsx << 0
+                                 << u"Data URI"_qs;
+        QTest::newRow("png1") << ExportFormat::png1 << ReactLanguage::tsx << 24 << u"PNG @1x"_qs;
+        QTest::newRow("png2") << ExportFormat::png2 << ReactLanguage::tsx << 48 << u"PNG @2x"_qs;
+        QTest::newRow("png3") << ExportFormat::png3 << ReactLanguage::tsx << 72 << u"PNG @3x"_qs;
+    }
+    void copyFillsTheClipboardRecordsAndSaysSo()
+    {
+        QFETCH(ExportFormat, format);
+        QFETCH(ReactLanguage, language);
+        QFETCH(int, pixels);
+        QFETCH(QString, message);
+        prefs->setReactLanguage(language);
+        prefs->setPngPadding(0);
+        fake.putText(u"old"_qs);
+        QVERIFY(service->copy(item(u"home"_qs), format));
+        if (pixels == 0) {
+            QCOMPARE(fake.text, SnippetBuilder::current(*prefs).text(format, item(u"home"_qs)));
+        } else {
+            QVERIFY(!fake.text);
+            const QImage image = QImage::fromData(fake.png, "PNG");
+            QCOMPARE(image.size(), QSize(pixels, pixels));
+            // "currentColor" means nothing in a bitmap: the line is black.
+            QCOMPARE(image.pixel(pixels / 2, pixels / 2), qRgba(0, 0, 0, 255));
+        }
+        QCOMPARE(fake.messages, QStringList{u"Copied home as "_qs + message});
+        QCOMPARE(user->lastCopy(),
+                 std::optional(LastCopy{u"home"_qs, {}, format, u"currentColor"_qs, 24, 2}));
+    }
+
+    void anImageThatDoesNotRenderLeavesTheClipboardEmpty()
+    {
+        fake.putText(u"old"_qs);
+        QVERIFY(!service->copy(item(u"blank"_qs), ExportFormat::png2));
+        QVERIFY(!fake.text && fake.png.isEmpty() && fake.messages.isEmpty() && !user->lastCopy());
+    }
+
+    void copyWithDefaultsUsesOutlineWithoutAFilledForm()
+    {
+        prefs->setDefaultStyle(IconStyle::filled);
+        prefs->setDefaultFormat(ExportFormat::vue);
+        prefs->setDefaultColor(u"#123456"_qs);
+        prefs->setDefaultSize(40);
+        prefs->setDefaultStroke(1.25);
+        QVERIFY(service->copyWithDefaults(library->icon(u"home")));
+        QCOMPARE(user->lastCopy(),
+                 std::optional(LastCopy{u"home"_qs, IconStyle::filled, ExportFormat::vue,
+                                        u"#123456"_qs, 40, 1.25}));
+        QVERIFY(service->copyWithDefaults(library->icon(u"plus"), ExportFormat::blade));
+        QCOMPARE(user->lastCopy(),
+                 std::optional(LastCopy{u"plus"_qs, IconStyle::outline, ExportFormat::blade,
+                                        u"#123456"_qs, 40, 1.25}));
+    }
+
+    void copyLastAgain()
+    {
+        QVERIFY(!service->copyLastAgain());
+        QVERIFY(service->copy(item(u"plus"_qs), ExportFormat::blade));
+        const std::optional<QString> text = fake.text;
+        fake = {};
+        QVERIFY(service->copyLastAgain());
+        QCOMPARE(fake.text, text);
+        QCOMPARE(fake.messages.size(), 1);
+
+        load({{u"home"_qs, u"B"_qs, {}, line, line}}); // a newer set without plus
+        fake = {};
+        QVERIFY(!service->copyLastAgain());
+        QVERIFY(!fake.text && fake.messages.isEmpty());
+    }
+
+    void dragPayloadFollowsTheDragFormat_data()
+    {
+        QTest::addColumn<DragFormat>("format");
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("withData");
+        QTest::addColumn<ExportFormat>("recorded");
+        QTest::newRow("svg") << DragFormat::svg << u"plus.svg"_qs << false << ExportFormat::svg;
+        QTest::newRow("png2x") << DragFormat::png2x << u"plus@2x.png"_qs << false
+                               << ExportFormat::png2;
+        QTest::newRow("best") << DragFormat::bestMatch << u"plus.svg"_qs << true
+                              << ExportFormat::svg;
+    }
+    void dragPayloadFollowsTheDragFormat()
+    {
+        QFETCH(DragFormat, format);
+        QFETCH(QString, file);
+        QFETCH(bool, withData);
+        QFETCH(ExportFormat, recorded);
+        prefs->setDragFormat(format);
+        const std::unique_ptr<QMimeData> mime(service->itemProvider(item(u"plus"_qs)));
+        const QString path = CopyService::dragFolder() + u'/' + file;
+        QCOMPARE(mime->urls(), QList{QUrl::fromLocalFile(path)});
+        QCOMPARE(mime->hasFormat(u"image/png"_qs), withData);
+        QCOMPARE(user->lastCopy()->format, recorded);
+        QVERIFY(fake.messages.isEmpty());
+        QFile written(path);
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        const QByteArray bytes = written.readAll();
+        if (recorded == ExportFormat::png2)
+            QCOMPARE(QImage::fromData(bytes, "PNG").size(), QSize(48, 48));
+        else
+            QVERIFY(bytes.contains("stroke=\"#000000\"") && !bytes.contains("currentColor"));
+        if (withData)
+            QCOMPARE(mime->data(u"image/svg+xml"_qs), bytes);
+    }
+
+    void dragFilesStayInTheirFolder_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const QString& name :
+             {u"../../evil"_qs, u".hidden"_qs, u"a/b"_qs, u"..\\x"_qs, u"x\u0001y"_qs, u".."_qs})
+            QTest::addRow("%s", qPrintable(name)) << name;
+    }
+    void dragFilesStayInTheirFolder()
+    {
+        QFETCH(QString, name);
+        load({{name, u"Bad"_qs, {}, line, std::nullopt}});
+        prefs->setDragFormat(DragFormat::svg);
+        const std::unique_ptr<QMimeData> mime(service->itemProvider(item(name)));
+        QCOMPARE(mime->urls().size(), 1);
+        const QFileInfo file(mime->urls().first().toLocalFile());
+        QVERIFY(file.isFile());
+        QCOMPARE(file.canonicalPath(), QFileInfo(CopyService::dragFolder()).canonicalFilePath());
+        QVERIFY(!file.fileName().startsWith(u'.'));
+        QVERIFY(std::ranges::all_of(file.fileName(),
+                                    [](QChar c) { return c.isPrint() && c != u'\\'; }));
+    }
+
+    void aPlantedLinkIsNeverWrittenThrough()
+    {
+        const QString victim = dir.filePath(u"victim"_qs);
+        QFile(victim).open(QIODevice::WriteOnly);
+        const QString link = CopyService::dragFolder() + u"/plus.svg"_qs;
+        QDir().mkpath(CopyService::dragFolder());
+        QFile::remove(link);
+        QVERIFY(QFile::link(victim, link));
+        prefs->setDragFormat(DragFormat::bestMatch);
+        const std::unique_ptr<QMimeData> mime(service->itemProvider(item(u"plus"_qs)));
+        QVERIFY(mime->urls().isEmpty());
+        QVERIFY(mime->hasFormat(u"image/svg+xml"_qs)); // the data still travels
+        QCOMPARE(QFileInfo(victim).size(), 0);
+    }
+
+    void pasteWaitsAndNeedsTrust()
+    {
+        fake.trusted = false;
+        QVERIFY(!service->pasteIntoFrontApp());
+        fake.trusted = true;
+        QVERIFY(service->pasteIntoFrontApp());
+        QTest::qWait(60);
+        QCOMPARE(fake.pastes, 0);
+        QTRY_COMPARE_WITH_TIMEOUT(fake.pastes, 1, 1000);
+        QTest::qWait(100);
+        QCOMPARE(fake.pastes, 1);
+    }
+};
+
+QTEST_MAIN(TestCopyService)
+#include "tst_copyservice.moc"
