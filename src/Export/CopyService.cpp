@@ -158,7 +158,7 @@ QString CopyService::writeDragFile(const QString& name, const QByteArray& data)
     const QString folder = dragFolder();
     if (!QDir().mkpath(folder) || !isOwnDirectory(folder))
         return {};
-    const QString path = folder + u'/' + name;
+    QString path = folder + u'/' + name;
     const QFileInfo target(path);
     // QSaveFile writes through a symbolic link; a link here is not ours to follow.
     if (target.isSymLink() || (target.exists() && !target.isFile()) ||
