@@ -8,6 +8,8 @@
 #include <optional>
 
 class CopyService;
+class Paster;
+class PopoverState;
 class PickerModel;
 class Preferences;
 class QQuickWindow;
@@ -21,7 +23,7 @@ class PickerController : public QObject {
 
 public:
     PickerController(PickerModel& model, Preferences& prefs, UserLibrary& user,
-                     CopyService& copyService, QObject* parent = nullptr);
+                     CopyService& copyService, Paster& paster, QObject* parent = nullptr);
     ~PickerController() override;
 
     // The tray icon's frame in global Qt coordinates; an empty rect when the
@@ -37,6 +39,13 @@ public:
     bool isVisible() const;
     // Null until the panel is first shown.
     QQuickWindow* panel() const;
+    PopoverState& popoverState();
+
+    // Called from the views.
+    // Hides the panel and asks for the settings window on its first tab.
+    Q_INVOKABLE void openSettings();
+    // Drags the icon of that name out of the panel as the drag format setting says.
+    Q_INVOKABLE void startDrag(const QString& iconName);
 
 signals:
     // The panel asks for the settings window on a tab (0 General, 1 Copy).

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+
+// Where the panel's arrow is drawn: its tip's distance from the panel's left
+// edge, and whether it points up (panel under a top tray) or down (panel
+// above a bottom tray). A negative arrowX draws no arrow.
+class PopoverState : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(double arrowX READ arrowX WRITE setArrowX NOTIFY arrowXChanged)
+    Q_PROPERTY(bool hasArrow READ hasArrow NOTIFY arrowXChanged)
+    Q_PROPERTY(bool arrowDown READ arrowDown WRITE setArrowDown NOTIFY arrowDownChanged)
+
+public:
+    using QObject::QObject;
+
+    double arrowX() const { return m_arrowX; }
+    bool hasArrow() const { return m_arrowX >= 0; }
+    bool arrowDown() const { return m_arrowDown; }
+
+    void setArrowX(double x)
+    {
+        if (x == m_arrowX)
+            return;
+        m_arrowX = x;
+        emit arrowXChanged();
+    }
+    void setArrowDown(bool down)
+    {
+        if (down == m_arrowDown)
+            return;
+        m_arrowDown = down;
+        emit arrowDownChanged();
+    }
+
+signals:
+    void arrowXChanged();
+    void arrowDownChanged();
+
+private:
+    double m_arrowX = -1;
+    bool m_arrowDown = false;
+};
