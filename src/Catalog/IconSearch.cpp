@@ -1,9 +1,13 @@
 #include "IconSearch.h"
 
 #include <algorithm>
+#include <cstring>
 #include <functional>
 #include <string_view>
 #include <utility>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -58,6 +62,43 @@ bool contains(std::string_view hay, std::string_view needle)
     return find(hay, needle) != std::string_view::npos;
 }
 
+// The index text ends in this many spare bytes, so a scan may read a whole
+// block past the end of the last entry.
+constexpr std::size_t indexPadding = 32;
+
+// find() for text inside the index: compares the needle's first and last
+// bytes at 16 places at once and checks the middle only where both agree.
+// Short words ("ar") match most entries somewhere, so this is where a
+// search spends its time.
+std::size_t findInIndex(std::string_view hay, std::string_view needle, std::size_t from = 0)
+{
+#if defined(__SSE2__)
+    const std::size_t n = needle.size();
+    if (n > hay.size() || from > hay.size() - n)
+        return std::string_view::npos;
+    const std::size_t last = hay.size() - n;
+    const char* p = hay.data();
+    const __m128i first = _mm_set1_epi8(needle.front());
+    const __m128i lastByte = _mm_set1_epi8(needle.back());
+    for (std::size_t i = from; i <= last; i += 16) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i + n - 1));
+        auto mask = static_cast<unsigned>(_mm_movemask_epi8(
+            _mm_and_si128(_mm_cmpeq_epi8(a, first), _mm_cmpeq_epi8(b, lastByte))));
+        if (last - i < 15)
+            mask &= (1u << (last - i + 1)) - 1;
+        for (; mask != 0; mask &= mask - 1) {
+            const std::size_t at = i + static_cast<std::size_t>(__builtin_ctz(mask));
+            if (n <= 2 || std::memcmp(p + at + 1, needle.data() + 1, n - 2) == 0)
+                return at;
+        }
+    }
+    return std::string_view::npos;
+#else
+    return find(hay, needle, from);
+#endif
+}
+
 std::string_view view(const QByteArray& bytes)
 {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
@@ -85,6 +126,7 @@ IconSearch::IconSearch(const IconList& icons) : m_icons(icons)
     m_entries.reserve(static_cast<std::size_t>(icons.size()));
     m_text.reserve(static_cast<std::size_t>(icons.size()) * 96);
     m_signatures.reserve(static_cast<std::size_t>(icons.size()));
+    m_letters.reserve(static_cast<std::size_t>(icons.size()));
     m_entryOf.reserve(icons.size());
     for (const Icon& icon : icons) {
         const auto start = static_cast<std::uint32_t>(m_text.size());
@@ -96,9 +138,13 @@ IconSearch::IconSearch(const IconList& icons) : m_icons(icons)
         }
         const auto end = static_cast<std::uint32_t>(m_text.size());
         m_entries.push_back({start, nameEnd, end});
-        m_signatures.push_back(signature(std::string_view(m_text).substr(start, end - start)));
+        const std::string_view text(m_text);
+        m_signatures.push_back(signature(text.substr(start, end - start)));
+        m_letters.push_back(LetterSets::of(text.substr(start, nameEnd - start),
+                                           text.substr(nameEnd, end - nameEnd)));
         m_entryOf.insert(icon.identity(), static_cast<std::uint32_t>(m_entries.size() - 1));
     }
+    m_text.append(indexPadding, '\0');
 }
 
 QStringList IconSearch::queryWords(QStringView query)
@@ -140,23 +186,28 @@ template <typename F> void IconSearch::forEachTag(const Entry& entry, F&& f) con
 // match above a prefix above a segment start above any substring, so a
 // word's score is the best rule any of its occurrences meets: one pass over
 // the entry finds them all.
-int IconSearch::scoreWord(const Entry& entry, const Word& word) const
+int IconSearch::scoreWord(std::uint32_t slot, const Word& word) const
 {
     const std::string_view text = word.text;
+    if (text.size() == 1 && LetterSets::covers(text.front()))
+        return m_letters[slot].score(text.front());
+    const Entry& entry = m_entries[slot];
     const std::string_view iconName(m_text.data() + entry.start, entry.nameEnd - entry.start);
     int best = 0;
-    for (std::size_t at = find(iconName, text); at != std::string_view::npos;
-         at = find(iconName, text, at + 1)) {
+    for (std::size_t at = findInIndex(iconName, text); at != std::string_view::npos;
+         at = findInIndex(iconName, text, at + 1)) {
         if (at == 0)
             return iconName.size() == text.size() ? 100 : 80;
         best = std::max(best, !word.hyphenated && iconName[at - 1] == '-' ? 70 : 50);
+        if (best == 70)
+            break; // only the start of the name ranks higher, and that was the first find
     }
     if (best > 0)
         return best; // any name match outranks every tag match
 
     const std::string_view tags(m_text.data() + entry.nameEnd, entry.end - entry.nameEnd);
-    for (std::size_t at = find(tags, text); at != std::string_view::npos;
-         at = find(tags, text, at + 1)) {
+    for (std::size_t at = findInIndex(tags, text); at != std::string_view::npos;
+         at = findInIndex(tags, text, at + 1)) {
         const std::size_t after = at + text.size();
         const bool tagStart = tags[at - 1] == '\n'; // tags always begin after a line break
         const bool tagEnd = after == tags.size() || tags[after] == '\n';
@@ -214,6 +265,7 @@ IconList IconSearch::search(QStringView query, const IconList& icons) const
     const std::string_view joined = view(joinedBytes);
 
     std::vector<Hit> hits;
+    hits.reserve(entryIds.size());
     for (std::uint32_t position = 0; position < entryIds.size(); ++position) {
         const std::uint32_t slot = entryIds[position];
         // A word the entry lacks fails the icon; the fallback through the
@@ -225,7 +277,7 @@ IconList IconSearch::search(QStringView query, const IconList& icons) const
         const std::string_view iconName = name(entry);
         int score = 0;
         for (const Word& word : prepared) {
-            const int wordScore = scoreWord(entry, word);
+            const int wordScore = scoreWord(slot, word);
             if (wordScore == 0) {
                 score = contains(iconName, joined) ? 60 : -1;
                 break;

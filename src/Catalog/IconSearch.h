@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Icon.h"
+#include "LetterSets.h"
 
 #include <QHash>
 #include <array>
@@ -51,7 +52,7 @@ private:
     };
 
     std::vector<std::uint32_t> slotsOf(const IconList& icons) const;
-    int scoreWord(const Entry& entry, const Word& word) const;
+    int scoreWord(std::uint32_t slot, const Word& word) const;
     std::string_view name(const Entry& entry) const;
     template <typename F> void forEachTag(const Entry& entry, F&& f) const;
     static IconList sortedByScore(const std::vector<Hit>& hits, const IconList& icons);
@@ -60,5 +61,6 @@ private:
     std::string m_text; // every entry's name and tags, lower-cased UTF-8
     std::vector<Entry> m_entries;
     std::vector<Signature> m_signatures; // bytes and byte pairs of each entry
+    std::vector<LetterSets> m_letters;
     QHash<const void*, std::uint32_t> m_entryOf;
 };

@@ -65,6 +65,28 @@ private slots:
         QCOMPARE(names(IconSearch(fixture).search(query, fixture)), expected);
     }
 
+    // One letter and two-letter words take their own fast paths; the ranks
+    // must not change. Long tags put a match past the first 16 bytes.
+    void shortWordsRankByTheSameRules()
+    {
+        const IconList list{
+            icon("z", {"long-description-that-ends-with-q"}),
+            icon("qz-x"),
+            icon("x-qz"),
+            icon("xqz"),
+            icon("tag-only", {"q"}),
+            icon("tag-start", {"qz", "a-very-long-tag-with-nothing"}),
+            icon("tag-inside", {"a-very-long-tag-without-it", "and-then-one-with-xqz"}),
+            icon("q"),
+            icon("none", {"zq"}),
+        };
+        QCOMPARE(names(IconSearch(list).search(u"q", list)),
+                 (QStringList{"q", "qz-x", "x-qz", "xqz", "tag-only", "tag-start", "z",
+                              "tag-inside", "none"}));
+        QCOMPARE(names(IconSearch(list).search(u"qz", list)),
+                 (QStringList{"qz-x", "x-qz", "xqz", "tag-start", "tag-inside"}));
+    }
+
     void emptyQueriesKeepTheList()
     {
         for (const QString& query : {QString(), QStringLiteral("   "), QStringLiteral(" , ,")})
