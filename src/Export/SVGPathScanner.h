@@ -31,6 +31,7 @@ private:
         return index < m_bytes.size() && m_bytes[index] == byte;
     }
     bool isSignAt(qsizetype index) const { return isAt(index, '+') || isAt(index, '-'); }
+    std::optional<double> shortDecimal(qsizetype start, qsizetype end) const;
     qsizetype skipDigits(qsizetype index) const
     {
         while (index < m_bytes.size() && m_bytes[index] >= '0' && m_bytes[index] <= '9')

@@ -2,8 +2,10 @@
 
 #include <QLineF>
 #include <QPainterPath>
+#include <QRandomGenerator>
 #include <QSizeF>
 #include <QTest>
+#include <charconv>
 #include <cmath>
 
 namespace {
@@ -69,6 +71,28 @@ private slots:
         const auto error = SVGPath::append(d, path);
         QVERIFY2(!error, qPrintable(error ? error->description() : QString()));
         QCOMPARE(describe(path), expected);
+    }
+
+    // Numbers are read by a short-decimal fast path; every value must be the
+    // double the standard conversion gives, to the last bit.
+    void numbersRoundLikeTheStandardConversion()
+    {
+        QRandomGenerator random(7);
+        for (int i = 0; i < 20000; ++i) {
+            const int digits = random.bounded(1, 18);
+            QByteArray text = random.bounded(2) ? "-" : "";
+            const int point = random.bounded(0, digits + 1);
+            for (int d = 0; d < digits; ++d) {
+                if (d == point)
+                    text += '.';
+                text += char('0' + random.bounded(10));
+            }
+            double expected = 0;
+            std::from_chars(text.constData(), text.constData() + text.size(), expected);
+            QPainterPath path;
+            QVERIFY(!SVGPath::append("M" + text + " 0", path));
+            QVERIFY2(path.elementAt(0).x == expected, text.constData());
+        }
     }
 
     void eachStringStartsAtTheOrigin()
