@@ -1,10 +1,14 @@
 #include "CommandLine.h"
+#include "TrayLauncher.h"
 
 #include <QCoreApplication>
 #include <cstdio>
 
 int main(int argc, char* argv[])
 {
+    if (argc <= 1)
+        return TrayLauncher::run(argc, argv);
+
     // No organisation name: the data folder is then .../Pictray, not .../Pictray/Pictray.
     QCoreApplication::setApplicationName(QStringLiteral("Pictray"));
     QCoreApplication::setApplicationVersion(QStringLiteral(PICTRAY_VERSION));
