@@ -44,9 +44,10 @@ void SVGArc::appendTo(QPainterPath& path, QPointF from, QPointF to) const
     }
     double radiusX = std::abs(rx);
     double radiusY = std::abs(ry);
+    // Icon arcs are almost never rotated; skip the trigonometry for them.
     const double phi = angleDegrees * pi / 180;
-    const double cosPhi = std::cos(phi);
-    const double sinPhi = std::sin(phi);
+    const double cosPhi = angleDegrees == 0 ? 1.0 : std::cos(phi);
+    const double sinPhi = angleDegrees == 0 ? 0.0 : std::sin(phi);
 
     const double dx = (from.x() - to.x()) / 2;
     const double dy = (from.y() - to.y()) / 2;
@@ -95,12 +96,16 @@ void SVGArc::appendTo(QPainterPath& path, QPointF from, QPointF to) const
     const double delta = sweepAngle / segments;
     const double t = 4.0 / 3.0 * std::tan(delta / 4);
 
+    // Each segment's end is the previous one turned by delta: one rotation
+    // instead of a sine and cosine per segment (at most four, so rounding
+    // cannot build up).
+    const double cosDelta = std::cos(delta);
+    const double sinDelta = std::sin(delta);
     double cosA = std::cos(theta1);
     double sinA = std::sin(theta1);
     for (int i = 1; i <= segments; ++i) {
-        const double b = theta1 + i * delta;
-        const double cosB = std::cos(b);
-        const double sinB = std::sin(b);
+        const double cosB = cosA * cosDelta - sinA * sinDelta;
+        const double sinB = sinA * cosDelta + cosA * sinDelta;
         const QPointF endB = ellipse.point(cosB, sinB);
         // The last segment ends exactly on the requested point, so a following
         // command or close continues without a gap.
