@@ -24,58 +24,44 @@ private slots:
         QTest::addColumn<double>("arrowX"); // -1: none
         QTest::addColumn<bool>("arrowDown");
 
-        const auto under = PickerPosition::underMenuBarIcon;
-        const Area topBar = QRect(0, 24, 1920, 1056); // a 24-high panel at the top
-        const Area whole = QRect(0, 0, 1920, 1080);
-        const Area bottomBar = QRect(0, 0, 1920, 1040);
+        const auto under = PickerPosition::underMenuBarIcon, centred = PickerPosition::centered,
+                   mouse = PickerPosition::mouse;
+        const Area topBar = QRect(0, 24, 1920, 1056), whole = QRect(0, 0, 1920, 1080),
+                   bottomBar = QRect(0, 0, 1920, 1040), shortScreen = QRect(0, 0, 1440, 600);
         const QPoint anywhere(900, 500);
+        const auto row = [](const char* name, PickerPosition position, Area area, QPoint cursor,
+                            QRect tray, QRect frame, double arrowX = -1, bool down = false) {
+            QTest::newRow(name) << position << area << cursor << tray << frame << arrowX << down;
+        };
 
-        QTest::newRow("icon in a top bar") << under << topBar << anywhere << QRect(1000, 0, 24, 24)
-                                           << QRect(622, 28, 780, 741) << 390.0 << false;
-        QTest::newRow("icon at the right edge: pushed left, arrow at its end")
-            << under << topBar << anywhere << QRect(1880, 0, 24, 24) << QRect(1132, 28, 780, 741)
-            << 751.0 << false;
-        QTest::newRow("icon at the left edge: arrow at its start")
-            << under << topBar << anywhere << QRect(0, 0, 24, 24) << QRect(8, 28, 780, 741) << 29.0
-            << false;
-        QTest::newRow("tray reserving no space: below the icon")
-            << under << whole << anywhere << QRect(1000, 0, 24, 30) << QRect(622, 34, 780, 741)
-            << 390.0 << false;
-        QTest::newRow("unknown tray geometry") << under << topBar << anywhere << QRect()
-                                               << QRect(1128, 28, 780, 741) << 740.0 << false;
-        QTest::newRow("tray at the bottom: above it, arrow down")
-            << under << bottomBar << anywhere << QRect(1500, 1048, 24, 24)
-            << QRect(1122, 295, 780, 741) << 390.0 << true;
-        QTest::newRow("bottom tray reserving no space: above the icon")
-            << under << whole << anywhere << QRect(1500, 1048, 24, 24) << QRect(1122, 303, 780, 741)
-            << 390.0 << true;
-        QTest::newRow("bottom tray, screen too short: the tray's edge wins")
-            << under << Area(QRect(0, 0, 1440, 600)) << anywhere << QRect(700, 590, 20, 20)
-            << QRect(320, -145, 780, 741) << 390.0 << true;
-        QTest::newRow("centred, lifted by 8 %")
-            << PickerPosition::centered << topBar << anywhere << QRect(1000, 0, 24, 24)
-            << QRect(570, 103, 780, 730) << -1.0 << false;
-        QTest::newRow("centred on a screen left of the primary")
-            << PickerPosition::centered << Area(QRect(-1920, 0, 1920, 1080)) << anywhere << QRect()
-            << QRect(-1350, 89, 780, 730) << -1.0 << false;
-        QTest::newRow("no screen: the fallback area")
-            << PickerPosition::centered << Area() << anywhere << QRect() << QRect(330, 13, 780, 730)
-            << -1.0 << false;
-        QTest::newRow("mouse: 12 below the pointer")
-            << PickerPosition::mouse << topBar << QPoint(900, 200) << QRect()
-            << QRect(510, 212, 780, 730) << -1.0 << false;
-        QTest::newRow("mouse near the bottom: raised to the bottom margin")
-            << PickerPosition::mouse << topBar << QPoint(900, 1000) << QRect()
-            << QRect(510, 342, 780, 730) << -1.0 << false;
-        QTest::newRow("mouse above the area: lowered to the top margin")
-            << PickerPosition::mouse << topBar << QPoint(900, 0) << QRect()
-            << QRect(510, 28, 780, 730) << -1.0 << false;
-        QTest::newRow("narrow screen: the right margin wins")
-            << PickerPosition::mouse << Area(QRect(0, 0, 700, 900)) << QPoint(350, 100) << QRect()
-            << QRect(-88, 112, 780, 730) << -1.0 << false;
-        QTest::newRow("short screen: the top margin wins")
-            << PickerPosition::mouse << Area(QRect(0, 0, 1440, 600)) << QPoint(700, 100) << QRect()
-            << QRect(310, 4, 780, 730) << -1.0 << false;
+        // Under the tray icon: x and y by the icon, the arrow pointing at it.
+        row("icon in a top bar", under, topBar, anywhere, {1000, 0, 24, 24}, {622, 28, 780, 741},
+            390);
+        row("icon at the right edge", under, topBar, anywhere, {1880, 0, 24, 24},
+            {1132, 28, 780, 741}, 751);
+        row("icon at the left edge", under, topBar, anywhere, {0, 0, 24, 24}, {8, 28, 780, 741},
+            29);
+        row("tray reserving no space", under, whole, anywhere, {1000, 0, 24, 30},
+            {622, 34, 780, 741}, 390);
+        row("unknown tray geometry", under, topBar, anywhere, {}, {1128, 28, 780, 741}, 740);
+        row("tray at the bottom", under, bottomBar, anywhere, {1500, 1048, 24, 24},
+            {1122, 295, 780, 741}, 390, true);
+        row("bottom tray reserving no space", under, whole, anywhere, {1500, 1048, 24, 24},
+            {1122, 303, 780, 741}, 390, true);
+        row("bottom tray, short screen: tray edge wins", under, shortScreen, anywhere,
+            {700, 590, 20, 20}, {320, -145, 780, 741}, 390, true);
+        // Centred, 8 % above the middle; at the pointer, 12 below it.
+        row("centred", centred, topBar, anywhere, {1000, 0, 24, 24}, {570, 103, 780, 730});
+        row("centred left of the primary", centred, QRect(-1920, 0, 1920, 1080), anywhere, {},
+            {-1350, 89, 780, 730});
+        row("no screen: fallback area", centred, Area(), anywhere, {}, {330, 13, 780, 730});
+        row("mouse", mouse, topBar, {900, 200}, {}, {510, 212, 780, 730});
+        row("mouse near the bottom", mouse, topBar, {900, 1000}, {}, {510, 342, 780, 730});
+        row("mouse above the area", mouse, topBar, {900, 0}, {}, {510, 28, 780, 730});
+        row("narrow screen: right margin wins", mouse, QRect(0, 0, 700, 900), {350, 100}, {},
+            {-88, 112, 780, 730});
+        row("short screen: top margin wins", mouse, shortScreen, {700, 100}, {},
+            {310, 4, 780, 730});
     }
 
     void place()
