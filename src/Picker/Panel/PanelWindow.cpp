@@ -1,0 +1,91 @@
+#include "PanelWindow.h"
+
+#include "PanelPlacement.h"
+
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <cmath>
+
+namespace {
+
+// The body card's corner radius in the views.
+constexpr double cornerRadius = 12;
+
+int cornerInset(int row, int height)
+{
+    const int fromEdge = std::min(row, height - 1 - row);
+    if (fromEdge >= cornerRadius)
+        return 0;
+    const double dy = cornerRadius - (fromEdge + 0.5);
+    return static_cast<int>(
+        std::floor(cornerRadius - std::sqrt(cornerRadius * cornerRadius - dy * dy)));
+}
+
+} // namespace
+
+PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance)
+    // The engine is a child so it outlives the items, which die with the
+    // content item in the window's destructor.
+    : m_engine(new QQmlEngine(this))
+{
+    setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setTitle(QStringLiteral("Pictray"));
+    QSurfaceFormat surface = format();
+    surface.setAlphaBufferSize(8);
+    setFormat(surface);
+    setColor(Qt::transparent);
+
+    m_engine->addImportPath(QStringLiteral("qrc:/"));
+    m_engine->rootContext()->setContextProperty(QStringLiteral("appearance"), appearance);
+    QQmlComponent component(m_engine, root, QQmlComponent::PreferSynchronous);
+    QObject* object = component.createWithInitialProperties(properties);
+    m_root = qobject_cast<QQuickItem*>(object);
+    if (!m_root) {
+        delete object;
+        qWarning("Pictray: the picker panel's QML did not load: %s",
+                 qUtf8Printable(component.errorString()));
+        return;
+    }
+    m_root->setParentItem(contentItem());
+}
+
+PanelWindow::~PanelWindow()
+{
+    delete m_root;
+}
+
+QQuickItem* PanelWindow::rootItem() const
+{
+    return m_root;
+}
+
+void PanelWindow::shape(std::optional<double> arrowX, bool arrowDown)
+{
+    setMask(shapeRegion(size(), arrowX, arrowDown));
+}
+
+QRegion PanelWindow::shapeRegion(QSize size, std::optional<double> arrowX, bool arrowDown)
+{
+    using namespace PanelPlacement;
+    const int arrowRows = arrowX ? arrowHeight : 0;
+    const int bodyTop = arrowX && !arrowDown ? arrowHeight : 0;
+    const int body = size.height() - arrowRows;
+
+    // Row by row, so the round corners are exact to the pixel.
+    QRegion region;
+    for (int row = 0; row < body; ++row) {
+        const int inset = cornerInset(row, body);
+        region += QRect(inset, bodyTop + row, size.width() - 2 * inset, 1);
+    }
+    for (int row = 0; row < arrowRows; ++row) {
+        // Rows counted from the tip; the triangle is twice as wide as high.
+        const double halfWidth = (row + 0.5) * arrowWidth / 2.0 / arrowHeight;
+        const int y = arrowDown ? size.height() - 1 - row : row;
+        const auto left = static_cast<int>(std::lround(*arrowX - halfWidth));
+        const auto right = static_cast<int>(std::lround(*arrowX + halfWidth));
+        region += QRect(left, y, right - left, 1);
+    }
+    return region;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QPointer>
+#include <QQuickWindow>
+#include <QRegion>
+#include <QUrl>
+#include <QVariantMap>
+#include <optional>
+
+class QQmlEngine;
+class QQuickItem;
+
+// The picker's window: frameless, above other windows, out of the taskbar,
+// transparent around the body so the root QML draws the popover's arrow. It
+// holds its own QML engine and one root item, made at construction.
+class PanelWindow : public QQuickWindow {
+    Q_OBJECT
+
+public:
+    // The root QML gets `properties` as its required properties and reads
+    // the context property `appearance`.
+    PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance);
+    ~PanelWindow() override;
+
+    // Null when the QML could not be loaded (its errors are logged).
+    QQuickItem* rootItem() const;
+
+    // Limits the window to the body and the arrow triangle: without a
+    // compositor the transparent parts would show black.
+    void shape(std::optional<double> arrowX, bool arrowDown);
+
+    // The rounded body plus the arrow, for a window of `size`.
+    static QRegion shapeRegion(QSize size, std::optional<double> arrowX, bool arrowDown);
+
+private:
+    QQmlEngine* m_engine;
+    QPointer<QQuickItem> m_root;
+};
