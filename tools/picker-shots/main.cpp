@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -134,6 +135,16 @@ int main(int argc, char** argv)
         const QString path = QDir(outDir).filePath(name + QStringLiteral(".png"));
         image.save(path);
         out << "saved " << path << Qt::endl;
+        // The arrow, six times enlarged over grey, to judge its joint with the body.
+        if (popover.hasArrow()) {
+            const int tip = qRound(popover.arrowX());
+            const QRect around(tip - 30, popover.arrowDown() ? image.height() - 24 : 0, 60, 24);
+            QImage detail(around.size(), QImage::Format_ARGB32_Premultiplied);
+            detail.fill(QColor(0x7a, 0x7a, 0x7a));
+            QPainter(&detail).drawImage(0, 0, image.copy(around));
+            detail.scaled(around.size() * 6)
+                .save(QDir(outDir).filePath(name + QStringLiteral("-detail.png")));
+        }
     };
 
     shoot(QStringLiteral("default"));
@@ -144,9 +155,11 @@ int main(int argc, char** argv)
     model.setQuery(QString());
     model.setStyle(IconStyle::filled);
     model.setColor(QStringLiteral("#DC2626"));
+    model.setFormat(ExportFormat::tailwind);
     shoot(QStringLiteral("filled"));
     model.setStyle(IconStyle::outline);
     model.setColor(QStringLiteral("currentColor"));
+    model.setFormat(ExportFormat::jsx);
     appearance.setMode(AppearanceMode::dark);
     model.setTab(PickerTab::favorites());
     shoot(QStringLiteral("dark"));

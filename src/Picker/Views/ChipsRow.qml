@@ -58,7 +58,7 @@ Item {
             height: ListView.view.height
             width: chipContent.implicitWidth + 22
             radius: height / 2
-            color: current ? Theme.accent : (chipArea.containsMouse ? Theme.hover : Theme.control)
+            color: current ? Theme.accentFill : (chipArea.containsMouse ? Theme.hover : Theme.control)
             Accessible.role: Accessible.PageTab
             Accessible.name: modelData
             Accessible.checked: current

@@ -104,7 +104,7 @@ Rectangle {
                 width: group.width
                 height: 26
                 radius: Theme.smallRadius
-                color: itemArea.containsMouse ? Theme.accent : "transparent"
+                color: itemArea.containsMouse ? Theme.accentFill : "transparent"
                 Accessible.role: Accessible.MenuItem
                 Accessible.name: modelData
                 IconImage {

@@ -240,8 +240,8 @@ Rectangle {
                 Layout.fillWidth: true
                 Layout.preferredHeight: 36
                 radius: Theme.radius
-                color: copyArea.pressed ? Qt.darker(Theme.accent, 1.15)
-                                        : (copyArea.containsMouse ? Qt.lighter(Theme.accent, 1.08) : Theme.accent)
+                color: copyArea.pressed ? Qt.darker(Theme.accentFill, 1.15)
+                                        : (copyArea.containsMouse ? Qt.lighter(Theme.accentFill, 1.08) : Theme.accentFill)
                 enabled: inspector.model.currentName.length > 0
                 opacity: enabled ? 1 : 0.5
                 Accessible.role: Accessible.Button
@@ -251,13 +251,13 @@ Rectangle {
                     id: copyText
                     objectName: "copyButtonText"
                     anchors.fill: parent
-                    anchors.leftMargin: 10
-                    anchors.rightMargin: 10
+                    anchors.leftMargin: 8
+                    anchors.rightMargin: 8
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     text: inspector.bindings.copyButtonTitle
                     color: Theme.accentText
-                    font.pixelSize: 13
+                    font.pixelSize: 12
                     font.weight: Font.DemiBold
                     elide: Text.ElideRight
                 }

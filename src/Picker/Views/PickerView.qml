@@ -65,7 +65,7 @@ Item {
                 vertical: true
             }
             InspectorView {
-                Layout.preferredWidth: 276
+                Layout.preferredWidth: 300
                 Layout.fillHeight: true
                 model: view.model
                 bindings: view.bindings

@@ -7,6 +7,8 @@ QtObject {
     property bool dark: false
 
     readonly property color accent: dark ? "#5B9BFF" : "#2F6BEB"
+    // Filled accent surfaces under white text (selected chip, copy button).
+    readonly property color accentFill: dark ? "#3470E0" : "#2F6BEB"
     readonly property color accentText: "#FFFFFF"
     readonly property color accentSoft: dark ? "#24354F" : "#E7EFFE"
     readonly property color accentBorder: dark ? "#4A84E6" : "#7EA5F5"
