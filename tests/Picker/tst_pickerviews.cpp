@@ -99,6 +99,8 @@ class TestPickerViews : public QObject {
 private slots:
     void initTestCase()
     {
+        // Pixels read back the same on every machine.
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         library = std::make_unique<IconLibrary>(
             IconLibrary::Sources{TestData::shippedCatalogue(), dir.filePath(u"dl.json"_qs)});
         QVERIFY(library->iconCount() > 5000);
@@ -283,6 +285,14 @@ private slots:
             chip->mapToScene(QPointF(chip->width() / 2, chip->height() / 2)).toPoint());
         QCOMPARE(model->tab(), PickerTab::recents());
 
+        // Paging moves by 0.7 of the visible width and updates both arrows.
+        QObject* wheel = item(u"chipsWheel"_qs);
+        QCOMPARE(wheel->property("canLeft").toBool(), false);
+        QCOMPARE(wheel->property("canRight").toBool(), true);
+        QMetaObject::invokeMethod(wheel, "page", Q_ARG(int, 1));
+        QVERIFY(qAbs(list->property("contentX").toDouble() - 0.7 * list->width()) < 1);
+        QCOMPARE(wheel->property("canLeft").toBool(), true);
+
         prefs->setShowCategoryBar(false);
         settle();
         QVERIFY(!list->isVisible());
@@ -299,6 +309,28 @@ private slots:
         QTest::mouseDClick(window.get(), Qt::LeftButton, {}, at);
         QCOMPARE(model->selectedID(), second);
         QCOMPARE(copier.copies, 1);
+    }
+
+    void gridScrollsToTheSelectionAndDrawsItsGlyph()
+    {
+        model->setColor(u"#DC2626"_qs);
+        model->move(0, 100000); // the last icon
+        settle();
+        const QString last = model->resultNames().constLast();
+        QQuickItem* cell = item(u"cell_"_qs + last);
+        QVERIFY(cell && cell->isVisible());
+        const QRectF inGrid = cell->mapRectToItem(item(u"iconGrid"_qs), cell->boundingRect());
+        QVERIFY(inGrid.top() >= 0 && inGrid.bottom() <= item(u"iconGrid"_qs)->height());
+
+        const QImage shot = window->grabWindow();
+        const QRect glyph =
+            cell->mapRectToScene(cell->boundingRect()).toRect().adjusted(8, 8, -8, -8);
+        int red = 0;
+        for (int y = glyph.top(); y < glyph.bottom(); ++y) {
+            for (int x = glyph.left(); x < glyph.right(); ++x)
+                red += shot.pixelColor(x, y) == QColor(0xDC, 0x26, 0x26);
+        }
+        QVERIFY2(red > 10, "the selected cell shows no glyph in the model's colour");
     }
 };
 
