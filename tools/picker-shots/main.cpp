@@ -159,6 +159,11 @@ int main(int argc, char** argv)
     shoot(QStringLiteral("filled"));
     model.setStyle(IconStyle::outline);
     model.setColor(QStringLiteral("currentColor"));
+    QObject* formats = findItem(root, QStringLiteral("formatChoice"))
+                           ->findChild<QObject*>(QStringLiteral("formatPopup"));
+    QMetaObject::invokeMethod(formats, "open");
+    shoot(QStringLiteral("copy-as"));
+    QMetaObject::invokeMethod(formats, "close");
     model.setFormat(ExportFormat::jsx);
     appearance.setMode(AppearanceMode::dark);
     model.setTab(PickerTab::favorites());
