@@ -92,6 +92,32 @@ Item {
         }
     }
 
+    // Soft edges where more chips lie beyond.
+    Rectangle {
+        anchors.left: list.left
+        anchors.top: list.top
+        anchors.bottom: list.bottom
+        width: 28
+        visible: wheel.canLeft
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: Theme.body }
+            GradientStop { position: 1; color: Qt.rgba(Theme.body.r, Theme.body.g, Theme.body.b, 0) }
+        }
+    }
+    Rectangle {
+        anchors.right: list.right
+        anchors.top: list.top
+        anchors.bottom: list.bottom
+        width: 28
+        visible: wheel.canRight
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: Qt.rgba(Theme.body.r, Theme.body.g, Theme.body.b, 0) }
+            GradientStop { position: 1; color: Theme.body }
+        }
+    }
+
     WheelToHorizontal {
         id: wheel
         objectName: "chipsWheel"

@@ -70,15 +70,18 @@ Rectangle {
         }
 
         // Output preview.
+        // It takes the height the column leaves over.
         FormRow {
             objectName: "previewRow"
             Layout.fillWidth: true
+            Layout.fillHeight: true
             title: "Output preview"
             Rectangle {
                 id: preview
                 objectName: "outputPreview"
                 Layout.fillWidth: true
-                Layout.preferredHeight: 104
+                Layout.fillHeight: true
+                Layout.minimumHeight: 96
                 radius: Theme.radius
                 color: Theme.body
                 border.color: Theme.outline
@@ -87,12 +90,12 @@ Rectangle {
                 Accessible.name: "Preview, drag to another app"
                 IconImage {
                     anchors.centerIn: parent
-                    width: Math.min(size, 88)
-                    height: width
+                    width: size
+                    height: size
                     name: inspector.model.currentName
                     filled: inspector.bindings.filled
                     color: inspector.model.color
-                    size: Math.min(inspector.model.size, 88)
+                    size: Math.min(inspector.model.size, preview.height - 24)
                     stroke: inspector.model.stroke
                 }
                 MouseArea {
@@ -188,8 +191,6 @@ Rectangle {
                 bindings: inspector.bindings
             }
         }
-
-        Item { Layout.fillHeight: true }
 
         // Actions.
         RowLayout {
