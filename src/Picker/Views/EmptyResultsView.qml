@@ -1,0 +1,128 @@
+import QtQuick
+import QtQuick.Layouts
+import Pictray.Kit
+import Pictray.Picker
+
+// Shown instead of the grid when a search finds nothing: why, what is close,
+// and where to ask for a new icon.
+Item {
+    id: empty
+    required property QtObject model
+    required property PickerBindings bindings
+
+    ColumnLayout {
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 80, 500)
+        spacing: 10
+
+        Rectangle {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.bottomMargin: 4
+            width: 56
+            height: 56
+            radius: 28
+            color: Theme.control
+            IconImage {
+                anchors.centerIn: parent
+                name: "search"
+                size: 26
+                currentColor: Theme.textTertiary
+            }
+        }
+        Text {
+            objectName: "emptyResultsTitle"
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignHCenter
+            text: empty.bindings.emptyResultsTitle
+            color: Theme.text
+            font.pixelSize: 17
+            font.weight: Font.DemiBold
+            elide: Text.ElideMiddle
+        }
+        Text {
+            objectName: "emptyResultsHint"
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.WordWrap
+            lineHeight: 1.15
+            text: empty.bindings.emptyResultsHint
+            color: Theme.textSecondary
+            font.pixelSize: 13
+        }
+        Text {
+            objectName: "nearMatchLine"
+            Layout.fillWidth: true
+            Layout.topMargin: 8
+            visible: text.length > 0
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.WordWrap
+            text: empty.bindings.nearMatchLine
+            color: Theme.text
+            font.pixelSize: 13
+        }
+        Row {
+            objectName: "nearMatchIcons"
+            Layout.alignment: Qt.AlignHCenter
+            visible: empty.bindings.nearMatchNames.length > 0
+            spacing: 6
+            Repeater {
+                model: empty.bindings.nearMatchNames
+                Rectangle {
+                    required property string modelData
+                    objectName: "nearMatch_" + modelData
+                    width: 48
+                    height: 48
+                    radius: Theme.radius
+                    color: nearArea.containsMouse ? Theme.hover : Theme.card
+                    border.color: Theme.outline
+                    border.width: 1
+                    Accessible.role: Accessible.Button
+                    Accessible.name: modelData
+                    IconImage {
+                        anchors.centerIn: parent
+                        name: modelData
+                        size: 24
+                        filled: empty.bindings.filled
+                        color: empty.model.color
+                    }
+                    // A suggestion searches for itself.
+                    MouseArea {
+                        id: nearArea
+                        anchors.fill: parent
+                        hoverEnabled: true
+                        onClicked: empty.model.query = modelData
+                    }
+                }
+            }
+        }
+        Row {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: 10
+            spacing: 4
+            Accessible.role: Accessible.Link
+            Accessible.name: linkText.text
+            Text {
+                id: linkText
+                objectName: "requestIconLink"
+                text: "Request an icon on GitHub"
+                color: Theme.accent
+                font.pixelSize: 13
+                font.underline: linkArea.containsMouse
+                MouseArea {
+                    id: linkArea
+                    anchors.fill: parent
+                    anchors.rightMargin: -18
+                    hoverEnabled: true
+                    cursorShape: Qt.PointingHandCursor
+                    onClicked: Qt.openUrlExternally(empty.bindings.requestIconUrl)
+                }
+            }
+            IconImage {
+                anchors.verticalCenter: linkText.verticalCenter
+                name: "arrow-up-right"
+                size: 14
+                currentColor: Theme.accent
+            }
+        }
+    }
+}

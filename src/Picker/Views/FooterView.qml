@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Layouts
+import Pictray.Kit
+import Pictray.Picker
+
+// Key hints: while searching how to clear and close, otherwise how to copy
+// and favourite; at the trailing end the catalogue's size or a drag hint.
+Item {
+    id: footer
+    required property QtObject model
+    required property PickerBindings bindings
+
+    readonly property var hints: model.isSearching
+        ? [["esc", "Clear"], ["esc esc", "Close panel"]]
+        : [["\u21B5", "Copy"], [bindings.favoriteKeys, "Favorite"]]
+
+    implicitHeight: 38
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 14
+        anchors.rightMargin: 14
+        spacing: 16
+
+        Repeater {
+            model: footer.hints
+            RowLayout {
+                required property int index
+                required property var modelData
+                spacing: 6
+                KeyCap {
+                    objectName: "footerKey" + index
+                    text: modelData[0]
+                }
+                Text {
+                    objectName: "footerLabel" + index
+                    text: modelData[1]
+                    color: Theme.textSecondary
+                    font.pixelSize: 12
+                }
+            }
+        }
+        Item { Layout.fillWidth: true }
+        Text {
+            objectName: "footerTrailing"
+            text: footer.model.isSearching ? footer.bindings.iconCountLine
+                                           : "Drag any icon into Figma, Keynote or Slack"
+            color: Theme.textTertiary
+            font.pixelSize: 12
+        }
+    }
+}

@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Pictray.Kit
+import Pictray.Picker
+
+// One icon of the grid: click selects, double click copies, dragging hands
+// the icon to the controller.
+Rectangle {
+    id: cell
+    required property int index
+    required property string modelData
+    // Not "model": a delegate's property of that name receives the row's data.
+    required property QtObject pickerModel
+    required property PickerBindings bindings
+    required property QtObject controller
+
+    readonly property bool selected: index === pickerModel.selectedIndex
+    readonly property bool hovering: area.containsMouse
+    property bool dragging: false
+
+    objectName: "cell_" + modelData
+    height: 58
+    radius: Theme.radius
+    color: selected ? Theme.accentSoft : (hovering ? Theme.hover : "transparent")
+    border.width: selected ? 1.5 : 0
+    border.color: Theme.accentBorder
+    Accessible.role: Accessible.ListItem
+    Accessible.name: modelData
+    Accessible.selected: selected
+
+    IconImage {
+        anchors.centerIn: parent
+        name: cell.modelData
+        size: 26
+        filled: cell.bindings.filled
+        color: cell.pickerModel.color
+        currentColor: Theme.text
+    }
+
+    MouseArea {
+        id: area
+        anchors.fill: parent
+        hoverEnabled: true
+        property point pressPoint
+        onPressed: (mouse) => {
+            pressPoint = Qt.point(mouse.x, mouse.y)
+            cell.dragging = false
+        }
+        onClicked: cell.pickerModel.selectedID = cell.modelData
+        onDoubleClicked: {
+            cell.pickerModel.selectedID = cell.modelData
+            cell.pickerModel.copy()
+        }
+        onPositionChanged: (mouse) => {
+            if (!pressed || cell.dragging)
+                return
+            const moved = Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y)
+            if (moved >= Qt.styleHints.startDragDistance) {
+                cell.dragging = true
+                cell.controller.startDrag(cell.modelData)
+            }
+        }
+    }
+
+    ToolTip.visible: hovering && !area.pressed
+    ToolTip.delay: 800
+    ToolTip.text: hovering ? bindings.cellHelp(modelData) : ""
+}

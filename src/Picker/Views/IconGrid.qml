@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Pictray.Kit
+import Pictray.Picker
+
+// The results in 8 columns, created lazily as they scroll into view.
+Item {
+    id: grid
+    required property QtObject model
+    required property PickerBindings bindings
+    required property QtObject controller
+
+    // The keyboard moves of the model assume this many columns.
+    readonly property int columns: 8
+    readonly property int spacing: 4
+
+    GridView {
+        id: view
+        objectName: "iconGrid"
+        anchors.fill: parent
+        // The spacing is the right and bottom part of each cell; the last
+        // column's and row's part is taken off the padding.
+        anchors.leftMargin: 12
+        anchors.rightMargin: 12 - grid.spacing
+        topMargin: 10
+        bottomMargin: 10 - grid.spacing
+        cellWidth: width / grid.columns
+        cellHeight: 58 + grid.spacing
+        clip: true
+        reuseItems: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: grid.model.resultNames
+        ScrollBar.vertical: ScrollBar { policy: ScrollBar.AsNeeded }
+
+        delegate: IconCell {
+            width: view.cellWidth - grid.spacing
+            pickerModel: grid.model
+            bindings: grid.bindings
+            controller: grid.controller
+        }
+    }
+
+    Text {
+        objectName: "emptyGridText"
+        visible: grid.model.resultCount === 0
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.leftMargin: 20
+        anchors.rightMargin: 20
+        anchors.topMargin: 80
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.WordWrap
+        text: grid.bindings.emptyGridText
+        color: Theme.textSecondary
+        font.pixelSize: 14
+    }
+
+    Connections {
+        target: grid.model
+        function onScrollRequestChanged() {
+            // After the grid has taken the new results.
+            Qt.callLater(grid.scrollToSelection)
+        }
+    }
+
+    function scrollToSelection() {
+        if (grid.model.selectedIndex < 0)
+            view.positionViewAtBeginning()
+        else
+            view.positionViewAtIndex(grid.model.selectedIndex, GridView.Contain)
+    }
+}

@@ -1,0 +1,274 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Pictray.Kit
+import Pictray.Picker
+
+// The selected icon: its name and favourite toggle, a preview as it will be
+// exported, the colour, size, stroke and format, and the copy actions.
+Rectangle {
+    id: inspector
+    required property QtObject model
+    required property PickerBindings bindings
+    required property QtObject controller
+    required property Item frameReference
+
+    color: Theme.card
+
+    // Where the format menu opens: the copy button's frame in the body.
+    readonly property rect copyButtonFrame: {
+        // Every position the frame depends on, so the binding follows layout.
+        inspector.x; inspector.y; inspector.width; inspector.height;
+        actions.y; copyButton.x; copyButton.width; copyButton.height;
+        return copyButton.mapToItem(frameReference, 0, 0, copyButton.width, copyButton.height)
+    }
+    onCopyButtonFrameChanged: model.copyButtonFrame = copyButtonFrame
+    Component.onCompleted: model.copyButtonFrame = copyButtonFrame
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 16
+        spacing: 14
+
+        // Name and favourite toggle.
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 8
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 2
+                Text {
+                    objectName: "inspectorName"
+                    Layout.fillWidth: true
+                    text: inspector.model.currentName
+                    color: Theme.text
+                    font.pixelSize: 15
+                    font.weight: Font.DemiBold
+                    elide: Text.ElideRight
+                }
+                Text {
+                    objectName: "inspectorTags"
+                    Layout.fillWidth: true
+                    text: inspector.bindings.currentTagLine
+                    color: Theme.textSecondary
+                    font.pixelSize: 11
+                    elide: Text.ElideRight
+                }
+            }
+            IconButton {
+                objectName: "favoriteToggle"
+                Layout.alignment: Qt.AlignTop
+                iconName: "heart"
+                iconSize: 18
+                iconFilled: inspector.bindings.currentIsFavorite
+                iconColor: inspector.bindings.currentIsFavorite ? Theme.favorite : Theme.textSecondary
+                enabled: inspector.model.currentName.length > 0
+                accessibleName: inspector.bindings.favoriteHelp
+                toolTip: inspector.bindings.favoriteHelp
+                onClicked: inspector.bindings.toggleFavorite()
+            }
+        }
+
+        // Output preview.
+        // It takes the height the column leaves over.
+        FormRow {
+            objectName: "previewRow"
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            title: "Output preview"
+            Rectangle {
+                id: preview
+                objectName: "outputPreview"
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                Layout.minimumHeight: 96
+                radius: Theme.radius
+                color: Theme.body
+                border.color: Theme.outline
+                border.width: 1
+                Accessible.role: Accessible.Graphic
+                Accessible.name: "Preview, drag to another app"
+                IconImage {
+                    anchors.centerIn: parent
+                    width: size
+                    height: size
+                    name: inspector.model.currentName
+                    filled: inspector.bindings.filled
+                    color: inspector.model.color
+                    size: Math.min(inspector.model.size, preview.height - 24)
+                    stroke: inspector.model.stroke
+                }
+                MouseArea {
+                    id: previewArea
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    cursorShape: Qt.OpenHandCursor
+                    property point pressPoint
+                    property bool dragging: false
+                    onPressed: (mouse) => { pressPoint = Qt.point(mouse.x, mouse.y); dragging = false }
+                    onPositionChanged: (mouse) => {
+                        if (!pressed || dragging)
+                            return
+                        if (Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y) >= Qt.styleHints.startDragDistance) {
+                            dragging = true
+                            inspector.controller.startDrag(inspector.model.currentName)
+                        }
+                    }
+                }
+                ToolTip.visible: previewArea.containsMouse && !previewArea.pressed
+                ToolTip.delay: 600
+                ToolTip.text: "Preview, drag to another app"
+            }
+        }
+
+        // Colour.
+        FormRow {
+            objectName: "colorRow"
+            Layout.fillWidth: true
+            title: "Color"
+            Flow {
+                Layout.fillWidth: true
+                spacing: 2
+                Repeater {
+                    model: inspector.bindings.swatchValues
+                    Swatch {
+                        required property int index
+                        required property string modelData
+                        value: modelData
+                        label: inspector.bindings.swatchLabels[index] || ""
+                        selected: modelData === inspector.model.color
+                        onClicked: inspector.model.color = modelData
+                    }
+                }
+            }
+        }
+
+        // Size.
+        FormRow {
+            objectName: "sizeRow"
+            Layout.fillWidth: true
+            title: "Size"
+            trailing: inspector.bindings.sizeLabel
+            KitSlider {
+                objectName: "sizeSlider"
+                Layout.fillWidth: true
+                from: 12
+                to: 128
+                stepSize: 1
+                value: inspector.model.size
+                onMoved: inspector.model.size = Math.round(value)
+                Accessible.name: "Size"
+            }
+        }
+
+        // Stroke.
+        FormRow {
+            objectName: "strokeRow"
+            Layout.fillWidth: true
+            title: "Stroke width"
+            trailing: inspector.bindings.strokeLabel
+            enabled: inspector.model.strokeEnabled
+            opacity: enabled ? 1 : 0.45
+            KitSlider {
+                objectName: "strokeSlider"
+                Layout.fillWidth: true
+                from: 0.5
+                to: 3
+                stepSize: 0.25
+                value: inspector.model.stroke
+                onMoved: inspector.model.stroke = value
+                Accessible.name: "Stroke width"
+            }
+        }
+
+        // Format.
+        FormRow {
+            objectName: "formatRow"
+            Layout.fillWidth: true
+            title: "Copy as"
+            FormatChoice {
+                Layout.fillWidth: true
+                bindings: inspector.bindings
+            }
+        }
+
+        // Actions.
+        RowLayout {
+            id: actions
+            Layout.fillWidth: true
+            spacing: 8
+
+            Rectangle {
+                id: dragHandle
+                objectName: "dragHandle"
+                Layout.preferredWidth: 40
+                Layout.preferredHeight: 36
+                radius: Theme.radius
+                color: handleArea.containsMouse ? Theme.hover : Theme.control
+                Accessible.role: Accessible.Button
+                Accessible.name: "Drag icon into another app"
+                IconImage {
+                    anchors.centerIn: parent
+                    name: "drag-drop"
+                    size: 18
+                    currentColor: Theme.textSecondary
+                }
+                MouseArea {
+                    id: handleArea
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    cursorShape: Qt.OpenHandCursor
+                    property point pressPoint
+                    property bool dragging: false
+                    onPressed: (mouse) => { pressPoint = Qt.point(mouse.x, mouse.y); dragging = false }
+                    onPositionChanged: (mouse) => {
+                        if (!pressed || dragging)
+                            return
+                        if (Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y) >= Qt.styleHints.startDragDistance) {
+                            dragging = true
+                            inspector.controller.startDrag(inspector.model.currentName)
+                        }
+                    }
+                }
+                ToolTip.visible: handleArea.containsMouse && !handleArea.pressed
+                ToolTip.delay: 600
+                ToolTip.text: "Drag into Figma, Keynote or Slack"
+            }
+
+            Rectangle {
+                id: copyButton
+                objectName: "copyButton"
+                Layout.fillWidth: true
+                Layout.preferredHeight: 36
+                radius: Theme.radius
+                color: copyArea.pressed ? Qt.darker(Theme.accentFill, 1.15)
+                                        : (copyArea.containsMouse ? Qt.lighter(Theme.accentFill, 1.08) : Theme.accentFill)
+                enabled: inspector.model.currentName.length > 0
+                opacity: enabled ? 1 : 0.5
+                Accessible.role: Accessible.Button
+                Accessible.name: copyText.text
+                Accessible.onPressAction: inspector.model.copy()
+                Text {
+                    id: copyText
+                    objectName: "copyButtonText"
+                    anchors.fill: parent
+                    anchors.leftMargin: 8
+                    anchors.rightMargin: 8
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    text: inspector.bindings.copyButtonTitle
+                    color: Theme.accentText
+                    font.pixelSize: 12
+                    font.weight: Font.DemiBold
+                    elide: Text.ElideRight
+                }
+                MouseArea {
+                    id: copyArea
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    onClicked: inspector.model.copy()
+                }
+            }
+        }
+    }
+}

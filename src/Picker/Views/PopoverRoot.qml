@@ -1,0 +1,61 @@
+import QtQuick
+import Pictray.Kit
+import Pictray.Picker
+
+// The panel's root: the arrow pointing at the tray icon (when the panel
+// hangs from it), above or below the 780 x 730 body with the picker.
+Item {
+    id: root
+    required property QtObject model
+    required property QtObject popover
+    required property QtObject controller
+
+    readonly property bool hasArrow: popover.arrowX >= 0
+    readonly property bool arrowDown: popover.arrowDown
+
+    width: 780
+    height: hasArrow ? 741 : 730
+
+    // The appearance object is optional so the views also load without it.
+    Binding {
+        target: Theme
+        property: "dark"
+        value: typeof appearance !== "undefined" && appearance !== null && appearance.dark
+    }
+
+    PickerBindings {
+        id: bindings
+        model: root.model
+    }
+
+    Rectangle {
+        id: body
+        objectName: "popoverBody"
+        x: 0
+        y: root.hasArrow && !root.arrowDown ? 11 : 0
+        width: 780
+        height: 730
+        radius: 12
+        color: Theme.body
+        border.color: Theme.outline
+        border.width: 1
+
+        PickerView {
+            anchors.fill: parent
+            anchors.margins: 1
+            model: root.model
+            bindings: bindings
+            controller: root.controller
+            frameReference: body
+        }
+    }
+
+    Arrow {
+        objectName: "popoverArrow"
+        visible: root.hasArrow
+        down: root.arrowDown
+        // The tip at arrowX; the base reaches half a point into the body.
+        x: root.popover.arrowX - width / 2
+        y: root.arrowDown ? body.height - overlap : 0
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Pictray.Kit
+
+// A borderless button showing one catalogue icon.
+Rectangle {
+    id: button
+    property string iconName
+    property real iconSize: 18
+    property string accessibleName
+    property string toolTip
+    property color iconColor: Theme.textSecondary
+    property bool iconFilled: false
+    signal clicked
+
+    implicitWidth: 32
+    implicitHeight: 32
+    radius: Theme.smallRadius
+    color: area.pressed ? Theme.pressed : (area.containsMouse ? Theme.hover : "transparent")
+    opacity: enabled ? 1 : 0.4
+    Accessible.role: Accessible.Button
+    Accessible.name: accessibleName
+    Accessible.onPressAction: button.clicked()
+
+    IconImage {
+        anchors.centerIn: parent
+        name: button.iconName
+        size: button.iconSize
+        filled: button.iconFilled
+        currentColor: button.iconColor
+    }
+    MouseArea {
+        id: area
+        anchors.fill: parent
+        hoverEnabled: true
+        onClicked: button.clicked()
+    }
+    ToolTip.visible: toolTip.length > 0 && area.containsMouse
+    ToolTip.delay: 600
+    ToolTip.text: toolTip
+}

@@ -1,0 +1,54 @@
+import QtQuick
+import Pictray.Kit
+
+// A row of mutually exclusive segments on a sunken track.
+Rectangle {
+    id: control
+    property var segments: []
+    property int currentIndex: 0
+    signal activated(int index)
+
+    implicitWidth: segmentRow.implicitWidth + 4
+    implicitHeight: 28
+    radius: Theme.smallRadius
+    color: Theme.control
+    Accessible.role: Accessible.PageTabList
+
+    Row {
+        id: segmentRow
+        anchors.fill: parent
+        anchors.margins: 2
+        Repeater {
+            model: control.segments
+            Rectangle {
+                required property int index
+                required property string modelData
+                readonly property bool current: index === control.currentIndex
+                width: Math.max(64, label.implicitWidth + 24)
+                height: segmentRow.height
+                radius: Theme.smallRadius - 2
+                color: current ? Theme.controlSelected : (hoverArea.containsMouse ? Theme.hover : "transparent")
+                border.width: current && !Theme.dark ? 1 : 0
+                border.color: Theme.outline
+                Accessible.role: Accessible.PageTab
+                Accessible.name: modelData
+                Accessible.checked: current
+                Text {
+                    id: label
+                    objectName: control.objectName + "Segment" + index
+                    anchors.centerIn: parent
+                    text: modelData
+                    color: current ? Theme.text : Theme.textSecondary
+                    font.pixelSize: 12
+                    font.weight: current ? Font.DemiBold : Font.Normal
+                }
+                MouseArea {
+                    id: hoverArea
+                    anchors.fill: parent
+                    hoverEnabled: true
+                    onClicked: control.activated(index)
+                }
+            }
+        }
+    }
+}
