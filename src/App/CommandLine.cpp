@@ -10,18 +10,24 @@ namespace {
 
 constexpr std::array commands{
     Command{"info", "info", info},
-    Command{"search", "search [--style outline|filled] [--in all|favorites|recents|category:NAME] QUERY...", search},
+    Command{"search",
+            "search [--style outline|filled] [--in all|favorites|recents|category:NAME] QUERY...",
+            search},
     Command{"near", "near [--limit N] QUERY...", near},
     Command{"catalogue", "catalogue build --from DIR [--version V] -o FILE", catalogue},
     Command{"update", "update", update},
     Command{"prefs", "prefs [list | get KEY | set KEY VALUE | reset KEY]", prefs},
-    Command{"favorites", "favorites [list | add NAME... | remove NAME... | export FILE | import FILE]",
+    Command{"favorites",
+            "favorites [list | add NAME... | remove NAME... | export FILE | import FILE]",
             favorites},
     Command{"recents", "recents", recents},
     Command{"export",
             "export NAME [--format F] [--style outline|filled] [--size N] [--stroke X] "
             "[--color C] [--set KEY=VALUE]... [-o FILE]",
             exportIcon},
+    Command{"toggle", "toggle", toggle},
+    Command{"show", "show [--tab favorites|recents|all]", show},
+    Command{"copy-last", "copy-last", copyLast},
 };
 
 } // namespace
@@ -57,9 +63,7 @@ bool parse(QCommandLineParser& parser, const char* command, const QStringList& a
 int run(const QStringList& args, Io& io)
 {
     if (args.size() < 2) {
-        io.out << "Pictray " PICTRAY_VERSION " puts the Tabler icon set a keystroke away.\n"
-                  "The tray picker is on its way; the command line works today.\n\n"
-               << usageText();
+        io.out << usageText();
         return Status::ok;
     }
     const QString& name = args.at(1);

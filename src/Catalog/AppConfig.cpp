@@ -16,6 +16,40 @@ QString version()
     return QStringLiteral(PICTRAY_VERSION);
 }
 
+QString build()
+{
+#ifdef PICTRAY_BUILD
+    return QStringLiteral(PICTRAY_BUILD);
+#else
+    return QStringLiteral("1");
+#endif
+}
+
+QUrl websiteURL()
+{
+    return QUrl(QStringLiteral("https://pictray.app"));
+}
+
+QUrl supportURL()
+{
+    return QUrl(QStringLiteral("mailto:support@pictray.app"));
+}
+
+QUrl changelogURL()
+{
+    return QUrl(QStringLiteral("https://pictray.app/changelog"));
+}
+
+QUrl tablerURL()
+{
+    return QUrl(QStringLiteral("https://tabler.io/icons"));
+}
+
+QUrl iconRequestURL()
+{
+    return QUrl(QStringLiteral("https://github.com/tabler/tabler-icons/issues"));
+}
+
 QUrl tablerLatestURL()
 {
     return QUrl(fromEnvironment("PICTRAY_LATEST_URL", PICTRAY_DEFAULT_LATEST_URL));

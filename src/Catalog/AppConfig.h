@@ -6,6 +6,15 @@
 namespace AppConfig {
 
 QString version();
+// The build number shown beside the version: PICTRAY_BUILD at compile time, "1" without it.
+QString build();
+
+// The links the windows show. The hosts are deployment settings.
+QUrl websiteURL();
+QUrl supportURL(); // a mailto: address
+QUrl changelogURL();
+QUrl tablerURL();
+QUrl iconRequestURL();
 
 // Answers {"version": ...} with the newest icon set release.
 // PICTRAY_LATEST_URL overrides the built-in address.

@@ -19,6 +19,10 @@ int prefs(const QStringList& args, Io& io);
 int favorites(const QStringList& args, Io& io);
 int recents(const QStringList& args, Io& io);
 int exportIcon(const QStringList& args, Io& io);
+// Sent to the running tray instance.
+int toggle(const QStringList& args, Io& io);
+int show(const QStringList& args, Io& io);
+int copyLast(const QStringList& args, Io& io);
 
 // Bytes to FILE, atomically, or to stdout when path is empty.
 bool writeOutput(const QByteArray& bytes, const QString& path, Io& io);

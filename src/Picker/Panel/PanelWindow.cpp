@@ -25,7 +25,8 @@ int cornerInset(int row, int height)
 
 } // namespace
 
-PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance)
+PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance,
+                         const EngineSetup& setup)
     // The engine is a child so it outlives the items, which die with the
     // content item in the window's destructor.
     : m_engine(new QQmlEngine(this))
@@ -39,6 +40,8 @@ PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObjec
 
     m_engine->addImportPath(QStringLiteral("qrc:/"));
     m_engine->rootContext()->setContextProperty(QStringLiteral("appearance"), appearance);
+    if (setup)
+        setup(*m_engine);
     QQmlComponent component(m_engine, root, QQmlComponent::PreferSynchronous);
     QObject* object = component.createWithInitialProperties(properties);
     m_root = qobject_cast<QQuickItem*>(object);

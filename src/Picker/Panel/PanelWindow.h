@@ -5,6 +5,7 @@
 #include <QRegion>
 #include <QUrl>
 #include <QVariantMap>
+#include <functional>
 #include <optional>
 
 class QQmlEngine;
@@ -17,9 +18,13 @@ class PanelWindow : public QQuickWindow {
     Q_OBJECT
 
 public:
+    using EngineSetup = std::function<void(QQmlEngine&)>;
+
     // The root QML gets `properties` as its required properties and reads
-    // the context property `appearance`.
-    PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance);
+    // the context property `appearance`; `setup` prepares the engine (QML
+    // modules, image sources) before the root is loaded.
+    PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance,
+                const EngineSetup& setup = {});
     ~PanelWindow() override;
 
     // Null when the QML could not be loaded (its errors are logged).

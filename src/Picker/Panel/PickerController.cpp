@@ -103,6 +103,12 @@ PopoverState& PickerController::popoverState()
     return m_popover;
 }
 
+void PickerController::preparePanel()
+{
+    if (!m_panel)
+        makePanel();
+}
+
 void PickerController::makePanel()
 {
     const QVariantMap properties{
@@ -110,7 +116,7 @@ void PickerController::makePanel()
         {QStringLiteral("popover"), QVariant::fromValue(&m_popover)},
         {QStringLiteral("controller"), QVariant::fromValue(this)},
     };
-    m_panel = std::make_unique<PanelWindow>(m_rootUrl, properties, &m_appearance);
+    m_panel = std::make_unique<PanelWindow>(m_rootUrl, properties, &m_appearance, m_engineSetup);
     connect(m_panel.get(), &QWindow::activeChanged, this, [this] {
         if (!m_panel->isActive())
             panelDeactivated();

@@ -20,6 +20,7 @@ class PanelWindow;
 class PickerModel;
 class Preferences;
 class QKeyEvent;
+class QQmlEngine;
 class QQuickWindow;
 class UserLibrary;
 
@@ -49,6 +50,14 @@ public:
     }
     // The panel's root QML; takes effect when the panel is made (first show).
     void setRootUrl(const QUrl& url) { m_rootUrl = url; }
+    // Prepares the panel's QML engine before the root is loaded.
+    void setEngineSetup(std::function<void(QQmlEngine&)> setup)
+    {
+        m_engineSetup = std::move(setup);
+    }
+    // Makes the panel ahead of its first opening, so the hot key shows a
+    // ready window instead of waiting for the QML to load.
+    void preparePanel();
 
     // The tray icon's frame in global Qt coordinates; an empty rect when the
     // tray does not report it.
@@ -112,6 +121,7 @@ private:
     Paster& m_paster;
 
     QUrl m_rootUrl = defaultRootUrl();
+    std::function<void(QQmlEngine&)> m_engineSetup;
     std::function<QRect()> m_trayIcon;
     PopoverState m_popover;
     Appearance m_appearance;

@@ -1,0 +1,156 @@
+#include "Application.h"
+
+#include "App/HotKeys/HotKeyBackend.h"
+#include "App/HotKeys/HotKeyCenter.h"
+#include "Catalog/IconLibrary.h"
+#include "Export/CopyService.h"
+#include "NullPaster.h"
+#include "Picker/Panel/PickerController.h"
+#include "Picker/PickerModel.h"
+#include "Picker/Views/PictrayQml.h"
+#include "StartupTrace.h"
+#include "State/Preferences.h"
+#include "State/SettingsStore.h"
+#include "State/UserLibrary.h"
+#include "StatusItemController.h"
+#include "UpdateChecker.h"
+#include "Windows/HUD.h"
+#include "Windows/QtClipboard.h"
+#include "Windows/WindowManager.h"
+
+#ifdef PICTRAY_X11_PASTER
+#include "Windows/X11Paster.h"
+#endif
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+constexpr int panelPreparationDelayMs = 1500;
+}
+
+Application::Application(QObject* parent) : QObject(parent) {}
+
+// The members are declared in start-up order, so views and controllers go
+// before the services they use.
+Application::~Application() = default;
+
+void Application::start()
+{
+    m_store = std::make_unique<SettingsStore>(SettingsStore::defaultPath());
+    m_prefs = std::make_unique<Preferences>(*m_store);
+    StartupTrace::mark("preferences");
+
+    m_library = std::make_unique<IconLibrary>(
+        IconLibrary::Sources{IconLibrary::shippedFilePath(), IconLibrary::downloadedFilePath()});
+    m_user = std::make_unique<UserLibrary>(*m_store, *m_prefs, [this](const QString& name) {
+        return !m_library->icon(name).isNull();
+    });
+    StartupTrace::mark("catalogue");
+
+    m_windows = std::make_unique<WindowManager>(*m_prefs, *m_library);
+    m_windows->applyAppearance();
+    StartupTrace::mark("appearance");
+
+    m_clipboard = std::make_unique<QtClipboard>();
+    m_hud = std::make_unique<HUD>();
+#ifdef PICTRAY_X11_PASTER
+    m_paster = std::make_unique<X11Paster>();
+#else
+    m_paster = std::make_unique<NullPaster>();
+#endif
+    m_copy = std::make_unique<CopyService>(*m_library, *m_user, *m_prefs, *m_clipboard, *m_hud,
+                                           *m_paster);
+    m_model = std::make_unique<PickerModel>(*m_library, *m_user, *m_prefs, m_copy.get());
+    m_picker = std::make_unique<PickerController>(*m_model, *m_prefs, *m_user, *m_copy, *m_paster);
+    m_picker->setEngineSetup(
+        [this](QQmlEngine& engine) { registerPictrayQml(engine, *m_library); });
+    connect(m_picker.get(), &PickerController::settingsRequested, this,
+            [this](int tab) { m_windows->showSettings(WindowManager::Tab(tab)); });
+    connect(m_picker.get(), &PickerController::quitRequested, qApp, &QCoreApplication::quit,
+            Qt::QueuedConnection);
+    connect(m_windows.get(), &WindowManager::pickerRequested, this, [this] { m_picker->show(); });
+
+    StatusItemController::Actions actions;
+    actions.showPicker = [this](std::optional<PickerTab> tab) { m_picker->show(tab); };
+    actions.togglePicker = [this] { m_picker->toggle(); };
+    actions.hidePicker = [this] { m_picker->hide(); };
+    actions.copyLast = [this] { m_copy->copyLastAgain(); };
+    actions.copyIcon = [this](const Icon& icon) { m_copy->copyWithDefaults(icon); };
+    actions.openSettings = [this] { m_windows->showSettings(WindowManager::Tab::general); };
+    actions.checkUpdates = [this] { m_updates->checkForUpdates(); };
+    actions.openAbout = [this] { m_windows->showAbout(); };
+    actions.quit = [] { QCoreApplication::quit(); };
+    m_status =
+        std::make_unique<StatusItemController>(*m_prefs, *m_user, *m_library, std::move(actions));
+    m_status->setup();
+    m_picker->setTrayIconGeometry([this] { return m_status->trayIconGeometry(); });
+    StartupTrace::mark("tray icon set up");
+
+    m_hotKeys = std::make_unique<HotKeyCenter>(HotKeyBackend::forPlatform());
+    registerHotKeys();
+    StartupTrace::mark("hot keys");
+    m_updates = std::make_unique<UpdateChecker>();
+
+    subscribeToSettings();
+    if (!m_prefs->hasCompletedOnboarding())
+        m_windows->showOnboarding();
+    StartupTrace::mark("started");
+    // Once the tray is up and idle, load the panel so the first hot key
+    // press shows it at once.
+    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(),
+                       [this] { m_picker->preparePanel(); });
+}
+
+void Application::registerHotKeys()
+{
+    m_hotKeys->registerHotKey(HotKeyCenter::ID::picker, m_prefs->pickerHotKey(),
+                              [this] { m_picker->toggle(); });
+    m_hotKeys->registerHotKey(HotKeyCenter::ID::copyLast, m_prefs->copyLastHotKey(),
+                              [this] { m_copy->copyLastAgain(); });
+}
+
+void Application::subscribeToSettings()
+{
+    // Change signals only: the current values were applied above.
+    connect(m_prefs.get(), &Preferences::pickerHotKeyChanged, this, &Application::registerHotKeys);
+    connect(m_prefs.get(), &Preferences::copyLastHotKeyChanged, this,
+            &Application::registerHotKeys);
+    connect(m_prefs.get(), &Preferences::showMenuBarIconChanged, m_status.get(),
+            &StatusItemController::updateVisibility);
+    // These two run once the change has completed.
+    connect(
+        m_prefs.get(), &Preferences::appearanceChanged, this,
+        [this] { m_windows->applyAppearance(); }, Qt::QueuedConnection);
+    connect(
+        m_prefs.get(), &Preferences::recentsLimitChanged, this, [this] { m_user->trimRecents(); },
+        Qt::QueuedConnection);
+}
+
+void Application::reopen()
+{
+    if (!m_windows->hasVisibleWindow() && !m_picker->isVisible())
+        m_windows->showSettings(WindowManager::Tab::general);
+}
+
+InstanceReply Application::handle(const InstanceRequest& request)
+{
+    switch (request.kind) {
+    case InstanceRequest::Kind::reopen:
+        reopen();
+        break;
+    case InstanceRequest::Kind::toggle:
+        m_picker->toggle();
+        break;
+    case InstanceRequest::Kind::show:
+        m_picker->show(request.tab);
+        break;
+    case InstanceRequest::Kind::copyLast:
+        if (!m_user->lastCopy())
+            return {false, QStringLiteral("Nothing has been copied yet.")};
+        if (!m_copy->copyLastAgain())
+            return {false, QStringLiteral("The last icon could not be copied again.")};
+        break;
+    }
+    return {};
+}

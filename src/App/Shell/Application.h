@@ -1,0 +1,66 @@
+#pragma once
+
+#include "InstanceRequest.h"
+
+#include <QObject>
+#include <memory>
+
+class CopyService;
+class HotKeyCenter;
+class HUD;
+class IconLibrary;
+class Paster;
+class PickerController;
+class PickerModel;
+class Preferences;
+class QtClipboard;
+class SettingsStore;
+class StatusItemController;
+class UpdateChecker;
+class UserLibrary;
+class WindowManager;
+
+// The tray application: owns every long-lived service, wires them together
+// at start-up and answers the requests of other `pictray` processes. Needs a
+// QApplication; main thread only.
+class Application : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Application(QObject* parent = nullptr);
+    ~Application() override;
+
+    // In this order: settings, catalogue, appearance, tray icon, global
+    // shortcuts, update checker, reactions to setting changes, and the
+    // first-run window when onboarding was never finished.
+    void start();
+
+    InstanceReply handle(const InstanceRequest& request);
+    // Started again while running: with none of its windows on screen, the
+    // settings window opens (the way back when the tray icon is hidden).
+    void reopen();
+    // Binds both global shortcuts from the settings; a refused one stays off.
+    void registerHotKeys();
+
+    Preferences& preferences() { return *m_prefs; }
+    WindowManager& windowManager() { return *m_windows; }
+    StatusItemController& statusItem() { return *m_status; }
+
+private:
+    void subscribeToSettings();
+
+    std::unique_ptr<SettingsStore> m_store;
+    std::unique_ptr<Preferences> m_prefs;
+    std::unique_ptr<IconLibrary> m_library;
+    std::unique_ptr<UserLibrary> m_user;
+    std::unique_ptr<QtClipboard> m_clipboard;
+    std::unique_ptr<HUD> m_hud;
+    std::unique_ptr<Paster> m_paster;
+    std::unique_ptr<CopyService> m_copy;
+    std::unique_ptr<HotKeyCenter> m_hotKeys;
+    std::unique_ptr<PickerModel> m_model;
+    std::unique_ptr<PickerController> m_picker;
+    std::unique_ptr<WindowManager> m_windows;
+    std::unique_ptr<StatusItemController> m_status;
+    std::unique_ptr<UpdateChecker> m_updates;
+};

@@ -1,0 +1,68 @@
+#include "LaunchAtLogin.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+namespace LaunchAtLogin {
+namespace {
+
+bool fail(const QString& reason)
+{
+    qWarning().noquote() << QStringLiteral("Pictray: launch at login change failed: ") + reason;
+    return false;
+}
+
+// Exec keys quote arguments with spaces and escape quotes and backslashes.
+QString quotedExec(const QString& path)
+{
+    QString escaped = path;
+    escaped.replace(u'\\', QStringLiteral("\\\\"))
+        .replace(u'"', QStringLiteral("\\\""))
+        .replace(u'`', QStringLiteral("\\`"))
+        .replace(u'$', QStringLiteral("\\$"));
+    return u'"' + escaped + u'"';
+}
+
+} // namespace
+
+QString entryPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/autostart/pictray.desktop");
+}
+
+bool isEnabled()
+{
+    return QFile::exists(entryPath());
+}
+
+bool set(bool enabled, const QString& executable)
+{
+    const QString path = entryPath();
+    if (!enabled) {
+        if (QFile::exists(path) && !QFile::remove(path))
+            return fail(QStringLiteral("cannot remove ") + path);
+        return true;
+    }
+    if (!QDir().mkpath(QFileInfo(path).absolutePath()))
+        return fail(QStringLiteral("cannot create the folder of ") + path);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return fail(file.errorString());
+    const QString entry = QStringLiteral("[Desktop Entry]\n"
+                                         "Type=Application\n"
+                                         "Name=Pictray\n"
+                                         "Comment=The Tabler icon set a keystroke away\n"
+                                         "Exec=%1\n"
+                                         "Terminal=false\n"
+                                         "X-GNOME-Autostart-enabled=true\n")
+                              .arg(quotedExec(executable));
+    file.write(entry.toUtf8());
+    if (!file.commit())
+        return fail(file.errorString());
+    return true;
+}
+
+} // namespace LaunchAtLogin

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "InstanceRequest.h"
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+#include <functional>
+#include <memory>
+
+// One tray instance per user and settings file. The instance that takes the
+// lock listens on a local socket; every other `pictray` process is a client
+// that sends one request and waits for the answer.
+class SingleInstance : public QObject {
+    Q_OBJECT
+
+public:
+    using Handler = std::function<InstanceReply(const InstanceRequest&)>;
+
+    // The socket's path: in $XDG_RUNTIME_DIR (else the temporary folder),
+    // named after the user and the settings file, so instances with their
+    // own settings (tests, a second profile) do not meet.
+    static QString defaultServerName();
+
+    explicit SingleInstance(QString serverName = defaultServerName(), QObject* parent = nullptr);
+    ~SingleInstance() override;
+
+    // Takes the per-user lock; false when another live instance holds it.
+    // Needs no application object, so a second start can find out cheaply.
+    bool acquire();
+    // Takes the lock if not yet taken and listens; false when either fails.
+    // A socket left behind by a crashed instance is removed first.
+    bool listen(Handler handler);
+    bool isListening() const { return m_server.isListening(); }
+    QString serverName() const { return m_serverName; }
+
+    enum class SendResult { answered, notRunning, noAnswer };
+    // Sends one request to the instance listening on serverName. Blocking;
+    // needs no event loop.
+    static SendResult send(const QString& serverName, const InstanceRequest& request,
+                           InstanceReply* reply, int timeoutMs = 3000);
+
+private:
+    void serve(QLocalSocket* socket);
+
+    QString m_serverName;
+    QLocalServer m_server;
+    std::unique_ptr<QLockFile> m_lock;
+    Handler m_handler;
+};

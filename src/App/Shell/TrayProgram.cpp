@@ -1,0 +1,66 @@
+#include "TrayProgram.h"
+
+#include "Application.h"
+#include "SingleInstance.h"
+#include "StartupTrace.h"
+#include "Windows/WindowManager.h"
+
+#include <QApplication>
+#include <QQuickWindow>
+#include <QThread>
+#include <QTimer>
+#include <cstdio>
+
+namespace Shell {
+namespace {
+
+// The running instance may still be starting: keep asking for a while.
+constexpr int reopenAttempts = 50;
+constexpr int reopenRetryMs = 100;
+
+int askRunningInstanceToReopen(int argc, char* argv[], const QString& serverName)
+{
+    QCoreApplication app(argc, argv);
+    for (int attempt = 0; attempt < reopenAttempts; ++attempt) {
+        InstanceReply reply;
+        const auto result =
+            SingleInstance::send(serverName, {InstanceRequest::Kind::reopen, {}}, &reply);
+        if (result == SingleInstance::SendResult::answered)
+            return 0;
+        if (result == SingleInstance::SendResult::noAnswer)
+            break;
+        QThread::msleep(reopenRetryMs);
+    }
+    std::fputs("Pictray is already running but does not answer.\n", stderr);
+    return 1;
+}
+
+} // namespace
+
+int runTray(int argc, char* argv[])
+{
+    SingleInstance instance;
+    if (!instance.acquire())
+        return askRunningInstanceToReopen(argc, argv, instance.serverName());
+
+    WindowManager::chooseControlsStyle();
+    // The software scene graph: a panel of flat icons gains nothing from the
+    // GPU, and without one Mesa's software GL costs twice the memory and a
+    // slower first frame. QT_QUICK_BACKEND still picks another.
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    StartupTrace::mark("application object");
+
+    Application shell;
+    if (!instance.listen(
+            [&shell](const InstanceRequest& request) { return shell.handle(request); })) {
+        std::fputs("Pictray: cannot listen for `pictray toggle` and friends.\n", stderr);
+    }
+    shell.start();
+    QTimer::singleShot(0, &app, [] { StartupTrace::mark("event loop running"); });
+    return QApplication::exec();
+}
+
+} // namespace Shell

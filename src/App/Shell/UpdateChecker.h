@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QObject>
+#include <QPointer>
+
+// The front of "Check for Updates…". Until Pictray has a release feed to ask,
+// it says which version is running and where releases are published.
+class UpdateChecker : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    ~UpdateChecker() override;
+
+    void checkForUpdates();
+    // The answer window while it is open.
+    QMessageBox* dialog() const { return m_dialog.data(); }
+
+private:
+    QPointer<QMessageBox> m_dialog;
+};

@@ -1,0 +1,200 @@
+#!/usr/bin/env bash
+# The tray application end to end on a real X server (run inside xvfb-run):
+# a window manager, a tray host, the real `pictray`, keys and clicks from
+# xdotool and the clipboard read back by xclip.
+#
+#   tray_e2e.sh PICTRAY XSHOT [SCREENSHOT_DIR]
+
+set -u
+PICTRAY=$1
+XSHOT=$2
+SHOTS=${3:-}
+
+failures=0
+pass() { echo "PASS: $*"; }
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+check() { # check DESCRIPTION COMMAND...
+    local what=$1; shift
+    if "$@"; then pass "$what"; else fail "$what"; fi
+}
+# wait_for SECONDS COMMAND...: polls until the command succeeds.
+wait_for() {
+    local deadline=$((SECONDS + $1)); shift
+    until "$@" >/dev/null 2>&1; do
+        ((SECONDS >= deadline)) && return 1
+        sleep 0.1
+    done
+}
+
+work=$(mktemp -d)
+pids=()
+cleanup() {
+    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null; done
+    wait 2>/dev/null
+    rm -rf "$work"
+}
+trap cleanup EXIT
+
+export HOME=$work/home XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
+export XDG_RUNTIME_DIR=$work/run
+mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
+chmod 700 "$XDG_RUNTIME_DIR"
+unset DBUS_SESSION_BUS_ADDRESS # the XEmbed tray, not a StatusNotifier host
+export QT_QPA_PLATFORM=xcb
+
+clipboard() { xclip -selection clipboard -o 2>/dev/null; }
+clear_clipboard() { printf 'cleared' | xclip -selection clipboard -i; }
+
+openbox >"$work/openbox.log" 2>&1 &
+pids+=($!)
+trayer --edge top --align right --widthtype request --height 24 --transparent false \
+    >"$work/trayer.log" 2>&1 &
+pids+=($!)
+wait_for 20 xdotool search --class trayer || { echo "no tray host"; cat "$work/trayer.log"; exit 1; }
+
+"$PICTRAY" prefs set hasCompletedOnboarding true >/dev/null
+"$PICTRAY" favorites add arrow-left heart star bolt >/dev/null
+
+check "commands need a running instance" bash -c "! '$PICTRAY' toggle 2>/dev/null"
+
+started=$(date +%s%N)
+PICTRAY_TRACE_STARTUP=1 "$PICTRAY" >"$work/pictray.log" 2>&1 &
+tray_pid=$!
+pids+=($tray_pid)
+
+# The tray icon: an XEmbed client window of class pictray inside trayer.
+tray_icon_geometry() {
+    xwininfo -root -tree | awk '/\("pictray" "Pictray"\)/ && $0 ~ /22x22|24x24|16x16|20x20/ {
+        split($NF, a, "+"); split($(NF-1), s, "+"); split(s[1], wh, "x");
+        print a[2], a[3], wh[1], wh[2]; exit }'
+}
+if wait_for 20 bash -c "[ -n \"\$(xwininfo -root -tree | grep '(\"pictray\" \"Pictray\")')\" ]"; then
+    docked=$(date +%s%N)
+    pass "tray icon appears in trayer"
+    echo "measure: exec to tray icon docked: $(((docked - started) / 1000000)) ms (polled every 0.1 s)"
+else
+    fail "tray icon appears in trayer"
+fi
+read -r icon_x icon_y icon_w icon_h <<<"$(tray_icon_geometry)"
+echo "tray icon at ${icon_x:-?},${icon_y:-?} size ${icon_w:-?}x${icon_h:-?}"
+check "tray icon sits in the top-right tray" \
+    test "${icon_x:-0}" -gt 1400 -a "${icon_y:-99}" -lt 24
+icon_cx=$((icon_x + icon_w / 2))
+icon_cy=$((icon_y + icon_h / 2))
+wait_for 10 "$PICTRAY" show --tab all
+"$PICTRAY" toggle # closes the panel that show opened
+grep 'pictray: startup' "$work/pictray.log" | sed 's/^/measure: /'
+echo "measure: idle VmRSS $(awk '/VmRSS/ {print $2, $3}' /proc/$tray_pid/status)"
+
+check "copy-last with nothing copied fails" bash -c "! '$PICTRAY' copy-last 2>/dev/null"
+
+open_menu() {
+    xdotool mousemove "$icon_cx" "$icon_cy" click 3
+    sleep 0.6
+}
+
+# Copies through the tray menu: Favorites > NAME, in the default format. The
+# recent row, once there, takes one step of the arrow keys.
+copy_favorite() { # copy_favorite POSITION-IN-FAVORITES
+    local keys=(Down Down)
+    [ -n "$("$PICTRAY" recents)" ] && keys+=(Down)
+    keys+=(Right)
+    for ((i = 1; i < $1; i++)); do keys+=(Down); done
+    open_menu
+    xdotool key "${keys[@]}" Return
+}
+for position in 2 3 4; do # heart, star, bolt: for the recent row
+    copy_favorite "$position"
+    sleep 0.5
+done
+expected=$("$PICTRAY" export arrow-left)
+clear_clipboard
+copy_favorite 1
+wait_for 5 bash -c "[ \"\$(xclip -selection clipboard -o)\" != cleared ]"
+check "a favorite from the tray menu lands on the clipboard" test "$(clipboard)" == "$expected"
+wait_for 5 bash -c "'$PICTRAY' recents | head -1 | grep -qx arrow-left"
+recents=$("$PICTRAY" recents | tr '\n' ' ')
+check "the copies are recorded in the recents ($recents)" \
+    test "$recents" == "arrow-left bolt star heart "
+
+clear_clipboard
+check "copy-last is sent to the running instance" "$PICTRAY" copy-last
+check "copy-last copies the last icon again" test "$(clipboard)" == "$expected"
+
+# The menu now has its recent row.
+open_menu
+if [ -n "$SHOTS" ]; then
+    mkdir -p "$SHOTS"
+    "$XSHOT" "$SHOTS/tray-menu.png" 1150 0 450 420 && echo "screenshot: $SHOTS/tray-menu.png"
+fi
+xdotool key Escape
+sleep 0.3
+
+check "toggle is sent to the running instance" "$PICTRAY" toggle
+check "toggle again" "$PICTRAY" toggle
+
+# Started again: the running one opens its settings and the new one leaves.
+check "a second pictray exits at once" timeout 10 "$PICTRAY"
+check "... and the settings window opens" wait_for 10 xdotool search --onlyvisible --name '^General$'
+check "the first instance still runs" kill -0 "$tray_pid"
+
+# --- The picker panel ---
+# geometry ID: sets X, Y (absolute), WIDTH and HEIGHT from xwininfo.
+geometry() {
+    eval "$(xwininfo -id "$1" | awk -F: '
+        /Absolute upper-left X/ {print "X=" $2+0} /Absolute upper-left Y/ {print "Y=" $2+0}
+        /Width/ {print "WIDTH=" $2+0} /Height/ {print "HEIGHT=" $2+0}')"
+}
+panel_window() { # the visible Pictray window as large as the panel
+    for w in $(xdotool search --onlyvisible --name '^Pictray$'); do
+        geometry "$w"
+        if [ "$WIDTH" -ge 780 ] && [ "$HEIGHT" -ge 730 ]; then echo "$w"; return 0; fi
+    done
+    return 1
+}
+xdotool key ctrl+alt+i
+check "the shortcut opens the panel" wait_for 5 panel_window
+panel=$(panel_window)
+geometry "$panel"
+echo "panel at $X,$Y size ${WIDTH}x$HEIGHT"
+check "the panel lies under the tray icon" \
+    test "$X" -le "$icon_cx" -a "$((X + WIDTH))" -ge "$icon_cx" -a "$Y" -ge "$icon_y"
+
+clear_clipboard
+xdotool type --delay 40 "arrow left"
+xdotool key Return
+wait_for 5 bash -c "[ \"\$(xclip -selection clipboard -o)\" != cleared ]"
+check "Return copies the first result" test "$(clipboard)" == "$expected"
+
+xdotool key ctrl+alt+i
+wait_for 5 panel_window
+xdotool type --delay 40 "zzz"
+xdotool key Escape
+check "the first Escape clears the search, the panel stays" wait_for 0 panel_window
+xdotool key Escape
+check "the second Escape closes the panel" wait_for 5 bash -c "! xwininfo -id $panel | grep -q IsViewable"
+
+# (The running program keeps its own favorites: edit them only through it.)
+xdotool key ctrl+alt+i
+wait_for 5 panel_window
+xdotool type --delay 40 "arrow right"
+xdotool key ctrl+d Escape Escape
+check "Ctrl+D makes the selection a favorite" \
+    wait_for 5 bash -c "'$PICTRAY' favorites list | grep -qx arrow-right"
+
+"$PICTRAY" toggle
+check "pictray toggle opens the panel" wait_for 5 panel_window
+"$PICTRAY" toggle
+check "pictray toggle closes it" wait_for 5 bash -c "! xwininfo -id $panel | grep -q IsViewable"
+
+# Quit from the menu: the last item.
+open_menu
+xdotool key Up Return
+check "Quit Pictray ends the program" wait_for 10 bash -c "! kill -0 $tray_pid"
+
+if ((failures > 0)); then
+    echo "--- pictray log"; cat "$work/pictray.log"
+    echo "$failures check(s) failed"
+    exit 1
+fi
+echo "all checks passed"
