@@ -4,6 +4,7 @@
 #include "App/HotKeys/HotKeyCenter.h"
 #include "Catalog/IconLibrary.h"
 #include "Export/CopyService.h"
+#include "FreedMemory.h"
 #include "NullPaster.h"
 #include "Picker/Panel/PickerController.h"
 #include "Picker/PickerModel.h"
@@ -98,14 +99,23 @@ void Application::start()
     StartupTrace::mark("started");
     // Once the tray is up and idle, load the panel so the first hot key
     // press shows it at once.
-    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(),
-                       [this] { m_picker->preparePanel(); });
+    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(), [this] {
+        m_picker->preparePanel();
+        connect(m_picker->panel(), &QWindow::visibleChanged, this, [](bool visible) {
+            if (!visible)
+                returnFreedMemoryToSystem();
+        });
+        returnFreedMemoryToSystem();
+    });
 }
 
 void Application::registerHotKeys()
 {
-    m_hotKeys->registerHotKey(HotKeyCenter::ID::picker, m_prefs->pickerHotKey(),
-                              [this] { m_picker->toggle(); });
+    m_hotKeys->registerHotKey(HotKeyCenter::ID::picker, m_prefs->pickerHotKey(), [this] {
+        if (!m_picker->isVisible())
+            m_panelTrace.hotKeyPressed(m_picker->panel());
+        m_picker->toggle();
+    });
     m_hotKeys->registerHotKey(HotKeyCenter::ID::copyLast, m_prefs->copyLastHotKey(),
                               [this] { m_copy->copyLastAgain(); });
 }

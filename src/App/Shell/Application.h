@@ -1,6 +1,7 @@
 #pragma once
 
 #include "InstanceRequest.h"
+#include "PanelTrace.h"
 
 #include <QObject>
 #include <memory>
@@ -63,4 +64,5 @@ private:
     std::unique_ptr<WindowManager> m_windows;
     std::unique_ptr<StatusItemController> m_status;
     std::unique_ptr<UpdateChecker> m_updates;
+    PanelTrace m_panelTrace;
 };
