@@ -4,7 +4,6 @@
 #include "App/HotKeys/HotKeyCenter.h"
 #include "Catalog/IconLibrary.h"
 #include "Export/CopyService.h"
-#include "FreedMemory.h"
 #include "NullPaster.h"
 #include "Picker/Panel/PickerController.h"
 #include "Picker/PickerModel.h"
@@ -99,14 +98,8 @@ void Application::start()
     StartupTrace::mark("started");
     // Once the tray is up and idle, load the panel so the first hot key
     // press shows it at once.
-    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(), [this] {
-        m_picker->preparePanel();
-        connect(m_picker->panel(), &QWindow::visibleChanged, this, [](bool visible) {
-            if (!visible)
-                returnFreedMemoryToSystem();
-        });
-        returnFreedMemoryToSystem();
-    });
+    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(),
+                       [this] { m_picker->preparePanel(); });
 }
 
 void Application::registerHotKeys()
