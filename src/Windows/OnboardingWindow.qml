@@ -1,67 +1,143 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Pictray.Kit
 
-// The first-run window: where Pictray lives and how to open it.
+// The first-run window: where Pictray lives and the keys that reach it.
 ApplicationWindow {
     id: window
-    // The picker shortcut as key caps joined by "+"; empty when there is none.
-    required property string shortcutText
+    // The shortcuts as key caps; empty when there is none.
+    required property var pickerKeys
+    required property var copyLastKeys
 
     title: "Welcome to Pictray"
-    width: 440
-    height: 300
-    minimumWidth: 400
-    minimumHeight: 280
+    width: 460
+    height: 380
+    minimumWidth: 420
+    minimumHeight: 360
     color: colors.window
     WindowColors { id: colors }
     palette {
         window: colors.window
         windowText: colors.text
         base: colors.card
-        alternateBase: colors.window
         text: colors.text
         button: colors.button
         buttonText: colors.text
         highlight: colors.accent
-        highlightedText: "#ffffff"
-        light: Qt.lighter(colors.button, 1.2)
-        midlight: Qt.lighter(colors.button, 1.1)
+        highlightedText: Theme.accentText
         mid: colors.buttonBorder
         dark: colors.buttonBorder
-        shadow: "#000000"
         placeholderText: colors.secondaryText
         link: colors.link
+    }
+
+    Shortcut {
+        sequence: StandardKey.Cancel
+        onActivated: window.close()
+    }
+
+    component ShortcutRow: RowLayout {
+        id: shortcutRow
+        property alias title: label.text
+        property var keys: []
+        spacing: 4
+        Text {
+            id: label
+            Layout.fillWidth: true
+            color: Theme.text
+            font.pixelSize: Theme.fontSize
+        }
+        Repeater {
+            model: shortcutRow.keys
+            KeyCap {
+                required property string modelData
+                text: modelData
+            }
+        }
+        Text {
+            visible: shortcutRow.keys.length === 0
+            text: "None"
+            color: Theme.textSecondary
+            font.pixelSize: Theme.fontSize
+        }
     }
 
     ColumnLayout {
         anchors.fill: parent
         anchors.margins: 28
-        spacing: 12
+        spacing: 18
 
-        Label {
-            text: "Welcome to Pictray"
-            font.pixelSize: 22
-            font.weight: Font.Bold
-            color: colors.text
+        RowLayout {
+            spacing: 16
+            Rectangle {
+                implicitWidth: 56
+                implicitHeight: 56
+                radius: 14
+                color: Theme.accentFill
+                IconGlyph {
+                    anchors.centerIn: parent
+                    width: 32
+                    height: 32
+                    size: 32
+                    stroke: 1.75
+                    name: "icons"
+                    color: "#FFFFFF"
+                }
+            }
+            ColumnLayout {
+                spacing: 4
+                Text {
+                    objectName: "onboardingTitle"
+                    text: "Welcome to Pictray"
+                    color: Theme.text
+                    font.pixelSize: 22
+                    font.weight: Font.Bold
+                }
+                Text {
+                    text: about.iconCount.toLocaleString(Qt.locale("en_US"), "f", 0)
+                          + "+ Tabler icons a keystroke away."
+                    color: Theme.textSecondary
+                    font.pixelSize: Theme.fontSize
+                }
+            }
         }
-        Label {
+
+        Card {
+            Layout.fillWidth: true
+            implicitHeight: shortcuts.implicitHeight + 28
+            ColumnLayout {
+                id: shortcuts
+                anchors.fill: parent
+                anchors.margins: 14
+                spacing: 12
+                ShortcutRow {
+                    Layout.fillWidth: true
+                    title: "Open the picker"
+                    keys: window.pickerKeys
+                }
+                Divider { Layout.fillWidth: true }
+                ShortcutRow {
+                    Layout.fillWidth: true
+                    title: "Copy the last icon again"
+                    keys: window.copyLastKeys
+                }
+            }
+        }
+
+        Text {
+            objectName: "onboardingHint"
             Layout.fillWidth: true
             wrapMode: Text.WordWrap
-            color: colors.text
-            text: about.iconCount.toLocaleString(Qt.locale("en_US"), "f", 0)
-                  + "+ Tabler icons a keystroke away."
+            color: Theme.textSecondary
+            font.pixelSize: Theme.fontSize
+            lineHeight: 1.15
+            text: "Pictray lives in your tray: click its icon, or press the shortcut from any "
+                  + "app. Search, then press Return to copy or drag the icon where you need it."
         }
-        Label {
-            Layout.fillWidth: true
-            wrapMode: Text.WordWrap
-            color: colors.secondaryText
-            text: window.shortcutText.length > 0
-                  ? "Pictray lives in your tray. Click its icon or press " + window.shortcutText
-                    + " from any app."
-                  : "Pictray lives in your tray. Click its icon to open the picker."
-        }
+
         Item { Layout.fillHeight: true }
+
         Button {
             Layout.alignment: Qt.AlignRight
             text: "Start Using Pictray"

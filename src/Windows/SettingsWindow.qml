@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Pictray.Kit
 
 // Settings in three tabs; the window is titled after the tab shown.
 ApplicationWindow {
@@ -36,28 +37,62 @@ ApplicationWindow {
         link: colors.link
     }
 
-    onCurrentTabChanged: tabs.currentIndex = currentTab
-
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
 
-        TabBar {
-            id: tabs
+        // The tabs as a toolbar: a glyph above each label, the current one
+        // on a tinted plate.
+        Rectangle {
             Layout.fillWidth: true
-            currentIndex: window.currentTab
-            onCurrentIndexChanged: window.currentTab = currentIndex
-            Repeater {
-                model: window.tabLabels
-                TabButton {
-                    required property string modelData
-                    required property int index
-                    text: modelData
-                    icon.source: "image://glyph/" + window.tabGlyphs[index]
-                    icon.width: 18
-                    icon.height: 18
-                    icon.color: colors.text
+            implicitHeight: 68
+            color: Theme.card
+            Row {
+                id: tabs
+                objectName: "settingsTabs"
+                anchors.centerIn: parent
+                spacing: 6
+                Repeater {
+                    model: window.tabLabels
+                    Rectangle {
+                        id: tab
+                        required property string modelData
+                        required property int index
+                        readonly property bool current: window.currentTab === index
+                        width: 76
+                        height: 54
+                        radius: Theme.radius
+                        color: current ? Theme.accentSoft : (tabArea.containsMouse ? Theme.hover : "transparent")
+                        Column {
+                            anchors.centerIn: parent
+                            spacing: 4
+                            IconImage {
+                                anchors.horizontalCenter: parent.horizontalCenter
+                                size: 22
+                                name: window.tabGlyphs[tab.index]
+                                currentColor: tab.current ? Theme.accent : Theme.text
+                            }
+                            Text {
+                                anchors.horizontalCenter: parent.horizontalCenter
+                                text: tab.modelData
+                                color: tab.current ? Theme.accent : Theme.text
+                                font.pixelSize: Theme.smallFontSize + 1
+                                font.weight: tab.current ? Font.DemiBold : Font.Normal
+                            }
+                        }
+                        MouseArea {
+                            id: tabArea
+                            anchors.fill: parent
+                            hoverEnabled: true
+                            onClicked: window.currentTab = tab.index
+                        }
+                    }
                 }
+            }
+            Divider {
+                anchors.left: parent.left
+                anchors.right: parent.right
+                anchors.bottom: parent.bottom
             }
         }
         StackLayout {
@@ -68,10 +103,18 @@ ApplicationWindow {
             PlaceholderPane {
                 title: "General"
                 note: "Shortcuts, where the picker opens, what happens after a copy and the appearance will be set here."
+                commands: ["pictray prefs set pickerPosition centered",
+                           "pictray prefs set afterCopy keepOpen",
+                           "pictray prefs set appearance dark",
+                           "pictray prefs list"]
             }
             PlaceholderPane {
                 title: "Copy"
                 note: "The default format, style, colour, size and stroke, and the options of each code format will be set here."
+                commands: ["pictray prefs set defaultFormat svg",
+                           "pictray prefs set defaultSize 32",
+                           "pictray prefs set reactLanguage jsx",
+                           "pictray prefs list"]
             }
             AboutView {}
         }

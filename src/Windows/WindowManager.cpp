@@ -3,6 +3,7 @@
 #include "AboutInfo.h"
 #include "AppPalette.h"
 #include "GlyphImageProvider.h"
+#include "Picker/Views/PictrayQml.h"
 #include "State/Preferences.h"
 
 #include <QApplication>
@@ -19,7 +20,7 @@ const char* const currentTabProperty = "currentTab";
 
 } // namespace
 
-WindowManager::WindowManager(Preferences& prefs, const IconLibrary& library, QObject* parent)
+WindowManager::WindowManager(Preferences& prefs, IconLibrary& library, QObject* parent)
     : QObject(parent), m_prefs(prefs), m_library(library),
       m_aboutInfo(std::make_unique<AboutInfo>(library))
 {
@@ -58,6 +59,7 @@ QQmlEngine& WindowManager::engine()
     if (!m_engine) {
         m_engine = std::make_unique<QQmlEngine>();
         m_engine->addImportPath(QStringLiteral("qrc:/"));
+        registerPictrayQml(*m_engine, m_library);
         m_engine->addImageProvider(QStringLiteral("glyph"), new GlyphImageProvider(m_library));
         QQmlContext* context = m_engine->rootContext();
         context->setContextProperty(QStringLiteral("appearance"), &m_appearance);
@@ -126,11 +128,12 @@ void WindowManager::showAbout()
 void WindowManager::showOnboarding()
 {
     if (!m_onboarding) {
-        QString shortcut;
-        if (const auto combo = m_prefs.pickerHotKey())
-            shortcut = combo->keyCaps().join(u'+');
+        const auto caps = [](const std::optional<KeyCombo>& combo) {
+            return combo ? combo->keyCaps() : QStringList();
+        };
         m_onboarding = create(QStringLiteral("OnboardingWindow.qml"),
-                              {{QStringLiteral("shortcutText"), shortcut}});
+                              {{QStringLiteral("pickerKeys"), caps(m_prefs.pickerHotKey())},
+                               {QStringLiteral("copyLastKeys"), caps(m_prefs.copyLastHotKey())}});
         if (!m_onboarding)
             return;
         forgetOnClose(&WindowManager::m_onboarding);

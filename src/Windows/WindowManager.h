@@ -24,7 +24,7 @@ public:
     enum class Tab { general, copy, about };
     Q_ENUM(Tab)
 
-    WindowManager(Preferences& prefs, const IconLibrary& library, QObject* parent = nullptr);
+    WindowManager(Preferences& prefs, IconLibrary& library, QObject* parent = nullptr);
     ~WindowManager() override;
 
     // Qt Quick Controls in the Fusion style, which draws with the application
@@ -67,7 +67,7 @@ private:
     void forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot);
 
     Preferences& m_prefs;
-    const IconLibrary& m_library;
+    IconLibrary& m_library;
     Appearance m_appearance;
     std::unique_ptr<AboutInfo> m_aboutInfo;
     std::unique_ptr<QQmlEngine> m_engine;

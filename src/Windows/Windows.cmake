@@ -6,7 +6,7 @@ add_library(pictray_windows STATIC
   GlyphImageProvider.cpp GlyphImageProvider.h
   WindowManager.cpp WindowManager.h)
 target_link_libraries(pictray_windows
-  PUBLIC pictray_gui pictray_windows_qml Qt6::Quick Qt6::QuickControls2 Qt6::Qml Qt6::Widgets
+  PUBLIC pictray_gui pictray_windows_qml pictray_qml Qt6::Quick Qt6::QuickControls2 Qt6::Qml Qt6::Widgets
   PRIVATE pictray_warnings pictray_strict_strings)
 
 # The QML on its own target: the code Qt generates from it is not held to

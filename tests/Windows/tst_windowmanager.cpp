@@ -148,13 +148,13 @@ private slots:
         prefs->setAppearance(AppearanceMode::dark);
         windows->applyAppearance();
         QVERIFY(windows->appearance().dark());
-        QCOMPARE(settings->color(), QColor("#232326"));
+        QCOMPARE(settings->color(), QColor("#1E1F22"));
         QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 128);
 
         prefs->setAppearance(AppearanceMode::light);
         windows->applyAppearance();
         QVERIFY(!windows->appearance().dark());
-        QCOMPARE(settings->color(), QColor("#f4f4f6"));
+        QCOMPARE(settings->color(), QColor("#F5F5F7"));
         QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 128);
     }
 
