@@ -108,14 +108,18 @@ QQuickItem* findItem(QQuickItem* item, const QString& name)
     return nullptr;
 }
 
-// One panel for the keystroke and scrolling runs, shown once. Never deleted:
-// it would outlive the application object, which Qt objects must not.
+// One panel for the keystroke and scrolling runs, shown. Never deleted: it
+// would outlive the application object, which Qt objects must not.
 Views& shownViews()
 {
     static Views* views = nullptr;
     if (!views) {
         chooseSceneGraph();
         views = new Views;
+    }
+    // Shown again when another benchmark's panel took the focus and so
+    // closed this one.
+    if (!views->controller.isVisible()) {
         if (msUntilNextFrame(*views->controller.panel(), [&] { views->controller.show(); }) < 0)
             qFatal("the panel showed no frame");
         drain();
