@@ -1,5 +1,6 @@
 #include "Catalog/IconLibrary.h"
 #include "Export/CopyService.h"
+#include "NullTargets.h"
 #include "Picker/Panel/PanelPlacement.h"
 #include "Picker/Panel/PickerController.h"
 #include "Picker/PickerModel.h"
@@ -28,16 +29,6 @@ void PanelPlacement_everyPosition(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * 3);
 }
 BENCHMARK(PanelPlacement_everyPosition);
-
-struct NullTargets : Clipboard, HeadsUp, Paster {
-    void clear() override {}
-    void putText(const QString&) override {}
-    void putPNG(const QByteArray&, const QImage&) override {}
-    void show(const QString&) override {}
-    void rememberTarget() override {}
-    bool isTrusted() const override { return false; }
-    void paste() override {}
-};
 
 // The panel over the shipped catalogue with a stand-in for the views: what
 // is measured is the window, the engine and the first frame, not the views.

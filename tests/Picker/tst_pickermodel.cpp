@@ -1,8 +1,10 @@
 #include "Catalog/PackageConverter.h"
 #include "Export/IconCopier.h"
 #include "Picker/PickerModel.h"
+#include "Picker/PickerResultsModel.h"
 #include "State/SettingsStore.h"
 
+#include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -428,6 +430,66 @@ private slots:
         QCOMPARE(tabsChanged.size(), 1);
         QCOMPARE(model->tabs().last(), PickerTab::ofCategory(u"Shapes"_qs));
         QCOMPARE(model->placeholder(), u"Search 2 icons"_qs);
+    }
+
+    // The grid's list model matches the results after every kind of change,
+    // and never announces a change to the rows the old and new results share
+    // at the start (the grid would rebuild delegates it could keep).
+    void resultsModelFollowsTheResults()
+    {
+        PickerResultsModel rows;
+        rows.setSource(model.get());
+        const QAbstractItemModelTester tester(
+            &rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        int firstTouched = INT_MAX;
+        const auto touched = [&](const QModelIndex&, int first) {
+            firstTouched = std::min(firstTouched, first);
+        };
+        connect(&rows, &QAbstractItemModel::rowsInserted, this, touched);
+        connect(&rows, &QAbstractItemModel::rowsRemoved, this, touched);
+        connect(&rows, &QAbstractItemModel::dataChanged, this, [&](const QModelIndex& from) {
+            firstTouched = std::min(firstTouched, from.row());
+        });
+        connect(&rows, &QAbstractItemModel::modelReset, this, [&] { firstTouched = 0; });
+
+        const auto rowNames = [&] {
+            QStringList names;
+            for (int row = 0; row < rows.rowCount(); ++row)
+                names.append(rows.index(row).data(PickerResultsModel::iconNameRole).toString());
+            return names;
+        };
+        const std::function<void()> steps[]{
+            [&] { model->setQuery(u"arrow"_qs); },
+            [&] { model->setQuery(u"arrow-u"_qs); },
+            [&] { model->setQuery(u"arrow"_qs); },
+            [&] { model->setQuery(u"s"_qs); },
+            [&] { model->setQuery(u"zz"_qs); },
+            [&] { model->setQuery(u"e"_qs); },
+            [&] { model->setStyle(IconStyle::filled); },
+            [&] { model->setQuery(QString()); },
+            [&] { model->setTab(PickerTab::ofCategory(u"System"_qs)); },
+            [&] { model->setStyle(IconStyle::outline); },
+            [&] { model->setTab(PickerTab::all()); },
+            [&] {
+                user->toggleFavorite(u"map"_qs);
+                model->setTab(PickerTab::favorites());
+            },
+        };
+        QCOMPARE(rowNames(), model->resultNames());
+        for (qsizetype step = 0; step < std::ssize(steps); ++step) {
+            const QStringList before = rowNames();
+            firstTouched = INT_MAX;
+            steps[step]();
+            const QStringList after = model->resultNames();
+            QVERIFY2(rowNames() == after, qPrintable(u"step %1"_qs.arg(step)));
+            int shared = 0;
+            while (shared < std::min(before.size(), after.size()) &&
+                   before.at(shared) == after.at(shared))
+                ++shared;
+            QVERIFY2(firstTouched >= shared, qPrintable(u"step %1"_qs.arg(step)));
+        }
+        rows.setSource(nullptr);
+        QCOMPARE(rows.rowCount(), 0);
     }
 };
 

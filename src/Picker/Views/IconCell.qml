@@ -8,7 +8,7 @@ import Pictray.Picker
 Rectangle {
     id: cell
     required property int index
-    required property string modelData
+    required property string iconName
     // Not "model": a delegate's property of that name receives the row's data.
     required property QtObject pickerModel
     required property PickerBindings bindings
@@ -18,19 +18,19 @@ Rectangle {
     readonly property bool hovering: area.containsMouse
     property bool dragging: false
 
-    objectName: "cell_" + modelData
+    objectName: "cell_" + iconName
     height: 58
     radius: Theme.radius
     color: selected ? Theme.accentSoft : (hovering ? Theme.hover : "transparent")
     border.width: selected ? 1.5 : 0
     border.color: Theme.accentBorder
     Accessible.role: Accessible.ListItem
-    Accessible.name: modelData
+    Accessible.name: iconName
     Accessible.selected: selected
 
     IconImage {
         anchors.centerIn: parent
-        name: cell.modelData
+        name: cell.iconName
         size: 26
         filled: cell.bindings.filled
         color: cell.pickerModel.color
@@ -46,9 +46,9 @@ Rectangle {
             pressPoint = Qt.point(mouse.x, mouse.y)
             cell.dragging = false
         }
-        onClicked: cell.pickerModel.selectedID = cell.modelData
+        onClicked: cell.pickerModel.selectedID = cell.iconName
         onDoubleClicked: {
-            cell.pickerModel.selectedID = cell.modelData
+            cell.pickerModel.selectedID = cell.iconName
             cell.pickerModel.copy()
         }
         onPositionChanged: (mouse) => {
@@ -57,12 +57,12 @@ Rectangle {
             const moved = Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y)
             if (moved >= Qt.styleHints.startDragDistance) {
                 cell.dragging = true
-                cell.controller.startDrag(cell.modelData)
+                cell.controller.startDrag(cell.iconName)
             }
         }
     }
 
     ToolTip.visible: hovering && !area.pressed
     ToolTip.delay: 800
-    ToolTip.text: hovering ? bindings.cellHelp(modelData) : ""
+    ToolTip.text: hovering ? bindings.cellHelp(iconName) : ""
 }

@@ -29,7 +29,9 @@ Item {
         clip: true
         reuseItems: true
         boundsBehavior: Flickable.StopAtBounds
-        model: grid.model.resultNames
+        // Follows the results row by row, so a keystroke rebinds the cells
+        // it can keep instead of rebuilding all of them.
+        model: grid.bindings.results
         ScrollBar.vertical: ScrollBar { policy: ScrollBar.AsNeeded }
 
         delegate: IconCell {

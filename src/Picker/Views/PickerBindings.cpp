@@ -8,7 +8,7 @@ constexpr int nearMatchLimit = 5;
 
 } // namespace
 
-PickerBindings::PickerBindings(QObject* parent) : QObject(parent) {}
+PickerBindings::PickerBindings(QObject* parent) : QObject(parent), m_results(this) {}
 
 void PickerBindings::setModel(PickerModel* model)
 {
@@ -20,6 +20,7 @@ void PickerBindings::setModel(PickerModel* model)
         disconnect(m_model->prefs(), nullptr, this, nullptr);
     }
     m_model = model;
+    m_results.setSource(model);
     if (model) {
         const auto search = [this] { emit searchTextsChanged(); };
         const auto inspector = [this] { emit inspectorChanged(); };

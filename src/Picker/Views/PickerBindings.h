@@ -2,6 +2,7 @@
 
 #include "Export/ExportFormat.h"
 #include "Picker/PickerModel.h"
+#include "Picker/PickerResultsModel.h"
 
 #include <QKeySequence>
 #include <QObject>
@@ -18,6 +19,8 @@ class PickerBindings : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(PickerModel* model READ model WRITE setModel NOTIFY modelChanged)
+    // The results as a list model with the role `iconName`, for the grid.
+    Q_PROPERTY(QAbstractItemModel* results READ results CONSTANT)
 
     Q_PROPERTY(bool filled READ filled WRITE setFilled NOTIFY styleChanged)
     Q_PROPERTY(QStringList tabTitles READ tabTitles NOTIFY tabsChanged)
@@ -54,6 +57,7 @@ public:
 
     PickerModel* model() const { return m_model; }
     void setModel(PickerModel* model);
+    QAbstractItemModel* results() { return &m_results; }
 
     bool filled() const;
     void setFilled(bool filled);
@@ -111,6 +115,7 @@ private:
     void computeNearMatches() const;
 
     QPointer<PickerModel> m_model;
+    PickerResultsModel m_results;
     mutable QString m_nearQuery;
     mutable QStringList m_nearWords;
     mutable QStringList m_nearNames;
