@@ -27,7 +27,8 @@ int sendToInstance(const InstanceRequest& request, Io& io)
     return Status::ok;
 }
 
-int noArguments(const char* command, const QStringList& args, InstanceRequest request, Io& io)
+int noArguments(const char* command, const QStringList& args, const InstanceRequest& request,
+                Io& io)
 {
     QCommandLineParser parser;
     int status = Status::ok;

@@ -72,7 +72,7 @@ void Application::start()
     connect(m_windows.get(), &WindowManager::pickerRequested, this, [this] { m_picker->show(); });
 
     StatusItemController::Actions actions;
-    actions.showPicker = [this](std::optional<PickerTab> tab) { m_picker->show(tab); };
+    actions.showPicker = [this](const std::optional<PickerTab>& tab) { m_picker->show(tab); };
     actions.togglePicker = [this] { m_picker->toggle(); };
     actions.hidePicker = [this] { m_picker->hide(); };
     actions.copyLast = [this] { m_copy->copyLastAgain(); };
