@@ -28,7 +28,12 @@ WindowManager::WindowManager(Preferences& prefs, IconLibrary& library, QObject* 
 
 WindowManager::~WindowManager()
 {
-    // The windows go before the engine that made them.
+    // The windows go before the engine that made them, and without telling
+    // this half-destroyed manager that they hide.
+    for (QQuickWindow* window : {m_onboarding.data(), m_about.data(), m_settings.data()}) {
+        if (window)
+            window->disconnect(this);
+    }
     delete m_onboarding;
     delete m_about;
     delete m_settings;
@@ -86,14 +91,19 @@ QQuickWindow* WindowManager::create(const QString& file, const QVariantMap& prop
 void WindowManager::forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot)
 {
     QQuickWindow* window = this->*slot;
-    connect(window, &QWindow::visibleChanged, this, [this, slot, window](bool visible) {
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    const auto forget = [this, slot, window, connection](bool visible) {
         if (visible)
             return;
+        // Once only: the window's destructor announces the hiding again,
+        // when it is no longer a QQuickWindow.
+        disconnect(*connection);
         // Forgotten at once, so a request right after the close makes a new one.
         if (this->*slot == window)
             (this->*slot).clear();
         window->deleteLater();
-    });
+    };
+    *connection = connect(window, &QWindow::visibleChanged, this, forget);
 }
 
 void WindowManager::showSettings(Tab tab)

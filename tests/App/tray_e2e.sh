@@ -88,9 +88,16 @@ echo "measure: idle VmRSS $(awk '/VmRSS/ {print $2, $3}' /proc/$tray_pid/status)
 
 check "copy-last with nothing copied fails" bash -c "! '$PICTRAY' copy-last 2>/dev/null"
 
+menu_shown() { # a visible popup menu of pictray's
+    for w in $(xdotool search --onlyvisible --class pictray); do
+        xprop -id "$w" _NET_WM_WINDOW_TYPE | grep -q POPUP_MENU && return 0
+    done
+    return 1
+}
 open_menu() {
     xdotool mousemove "$icon_cx" "$icon_cy" click 3
-    sleep 0.6
+    wait_for 5 menu_shown || echo "the menu did not show"
+    sleep 0.2
 }
 
 # Copies through the tray menu: Favorites > NAME, in the default format. The
