@@ -1,10 +1,6 @@
-#include "Catalog/IconLibrary.h"
-#include "Export/CopyService.h"
-#include "NullTargets.h"
 #include "Picker/Panel/PanelPlacement.h"
 #include "Picker/Panel/PickerController.h"
-#include "Picker/PickerModel.h"
-#include "State/SettingsStore.h"
+#include "PickerFixture.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -32,15 +28,7 @@ BENCHMARK(PanelPlacement_everyPosition);
 
 // The panel over the shipped catalogue with a stand-in for the views: what
 // is measured is the window, the engine and the first frame, not the views.
-struct Panel {
-    QTemporaryDir dir;
-    SettingsStore store{dir.filePath(QStringLiteral("settings.conf"))};
-    Preferences prefs{store};
-    IconLibrary library{{IconLibrary::shippedFilePath(), {}}};
-    UserLibrary user{store, prefs, [](const QString&) { return true; }};
-    NullTargets targets;
-    CopyService copy{library, user, prefs, targets, targets, targets};
-    PickerModel model{library, user, prefs, &copy};
+struct Panel : PickerFixture {
     QUrl root;
 
     Panel()

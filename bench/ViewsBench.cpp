@@ -6,13 +6,10 @@
 // The software scene graph unless QT_QUICK_BACKEND or QSG_RHI_BACKEND asks
 // for another, as in the tray program. For OpenGL under Xvfb:
 //   QSG_RHI_BACKEND=opengl QT_QPA_PLATFORM=xcb xvfb-run -a pictray-bench --benchmark_filter=Views_
-#include "Catalog/IconLibrary.h"
-#include "Export/CopyService.h"
-#include "NullTargets.h"
 #include "Picker/Panel/PickerController.h"
-#include "Picker/PickerModel.h"
 #include "Picker/Views/PictrayQml.h"
-#include "State/SettingsStore.h"
+#include "PickerFixture.h"
+#include "QuickItems.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -42,15 +39,7 @@ void chooseSceneGraph()
 
 // The picker over the shipped catalogue, its panel made ahead as the tray
 // program makes it.
-struct Views {
-    QTemporaryDir dir;
-    SettingsStore store{dir.filePath(QStringLiteral("settings.conf"))};
-    Preferences prefs{store};
-    IconLibrary library{{IconLibrary::shippedFilePath(), {}}};
-    UserLibrary user{store, prefs, [](const QString&) { return true; }};
-    NullTargets targets;
-    CopyService copy{library, user, prefs, targets, targets, targets};
-    PickerModel model{library, user, prefs, &copy};
+struct Views : PickerFixture {
     PickerController controller{model, prefs, user, copy, targets};
 
     Views()
@@ -95,17 +84,6 @@ void drain()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
-}
-
-QQuickItem* findItem(QQuickItem* item, const QString& name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem* child : item->childItems()) {
-        if (QQuickItem* found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
 }
 
 // One panel for the keystroke and scrolling runs, shown. Never deleted: it

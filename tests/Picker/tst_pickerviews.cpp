@@ -3,6 +3,7 @@
 #include "Picker/PickerModel.h"
 #include "Picker/Views/PickerBindings.h"
 #include "Picker/Views/PictrayQml.h"
+#include "QuickItems.h"
 #include "State/SettingsStore.h"
 #include "TestData.h"
 
@@ -28,17 +29,6 @@ struct CountingCopier : IconCopier {
     int copies = 0;
     bool copy(const IconExport&, ExportFormat) override { return ++copies > 0; }
 };
-
-QQuickItem* findItem(QQuickItem* item, const QString& name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem* child : item->childItems()) {
-        if (QQuickItem* found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
-}
 
 } // namespace
 

@@ -7,6 +7,7 @@
 #include "Picker/Panel/PopoverState.h"
 #include "Picker/PickerModel.h"
 #include "Picker/Views/PictrayQml.h"
+#include "QuickItems.h"
 #include "State/SettingsStore.h"
 #include "Windows/Kit/Appearance.h"
 
@@ -54,17 +55,6 @@ double waitForFrame(QQuickWindow& window)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     QObject::disconnect(connection);
     return timer.nsecsElapsed() / 1e6;
-}
-
-QQuickItem* findItem(QQuickItem* item, const QString& name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem* child : item->childItems()) {
-        if (QQuickItem* found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
 }
 
 } // namespace
