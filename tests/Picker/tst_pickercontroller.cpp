@@ -168,6 +168,22 @@ private slots:
         QCOMPARE(fake.remembered, 2);
     }
 
+    // A panel whose QML does not load is an empty window, not a crash: the
+    // keys and the toggle still work.
+    void brokenPanelQMLLeavesAWorkingController()
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("picker panel's QML did not load"));
+        controller->setRootUrl(QUrl::fromLocalFile(dir.filePath(u"missing.qml"_qs)));
+        controller->show();
+        QVERIFY(controller->isVisible());
+        QVERIFY(controller->panel()->contentItem()->childItems().isEmpty());
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QVERIFY(controller->handle(escape));
+        QVERIFY(!controller->isVisible());
+        controller->toggle();
+        QVERIFY(controller->isVisible());
+    }
+
     void keyTable_data()
     {
         QTest::addColumn<int>("key");

@@ -43,7 +43,9 @@ PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObjec
     if (setup)
         setup(*m_engine);
     QQmlComponent component(m_engine, root, QQmlComponent::PreferSynchronous);
-    QObject* object = component.createWithInitialProperties(properties);
+    // Qt 6.4 crashes when asked to create from a component that failed.
+    QObject* object =
+        component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
     m_root = qobject_cast<QQuickItem*>(object);
     if (!m_root) {
         delete object;
