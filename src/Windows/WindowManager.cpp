@@ -77,7 +77,9 @@ QQmlEngine& WindowManager::engine()
 QQuickWindow* WindowManager::create(const QString& file, const QVariantMap& properties)
 {
     QQmlComponent component(&engine(), QUrl(QStringLiteral("qrc:/Pictray/Windows/") + file));
-    QObject* object = component.createWithInitialProperties(properties);
+    // Qt 6.4 crashes when asked to create from a component that failed.
+    QObject* object =
+        component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
     auto* window = qobject_cast<QQuickWindow*>(object);
     if (!window) {
         qWarning().noquote() << "Pictray: cannot make" << file << component.errorString();
