@@ -88,16 +88,32 @@ echo "measure: idle VmRSS $(awk '/VmRSS/ {print $2, $3}' /proc/$tray_pid/status)
 
 check "copy-last with nothing copied fails" bash -c "! '$PICTRAY' copy-last 2>/dev/null"
 
-menu_shown() { # a visible popup menu of pictray's
+# The tray menu: a visible window of pictray's (found by class: the menu has
+# no plain name) larger than the heads-up message and the tray icon, smaller
+# than the settings, onboarding and picker windows.
+menu_shown() {
+    local w
     for w in $(xdotool search --onlyvisible --class pictray); do
-        xprop -id "$w" _NET_WM_WINDOW_TYPE | grep -q POPUP_MENU && return 0
+        read -r width height <<<"$(xwininfo -id "$w" |
+            awk '/Width:/ {w = $2} /Height:/ {h = $2} END {print w, h}')"
+        ((width >= 150 && width < 450 && height >= 100 && height < 480)) && return 0
     done
     return 1
 }
+# A busy machine may take the first click for nothing: click again until the
+# menu shows, so the keys that follow reach it.
 open_menu() {
-    xdotool mousemove "$icon_cx" "$icon_cy" click 3
-    wait_for 5 menu_shown || echo "the menu did not show"
-    sleep 0.2
+    local attempt
+    for attempt in 1 2 3; do
+        xdotool mousemove "$icon_cx" "$icon_cy" click 3
+        if wait_for 5 menu_shown; then
+            sleep 0.2
+            return 0
+        fi
+        echo "the menu did not show (attempt $attempt)"
+        xdotool key Escape
+    done
+    return 1
 }
 
 # Copies through the tray menu: Favorites > NAME, in the default format. The
