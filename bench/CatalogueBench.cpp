@@ -1,5 +1,5 @@
 #include "Catalog/IconLibrary.h"
-#include "Export/SVGPath.h"
+#include "Geometry/SVGPath.h"
 
 #include <benchmark/benchmark.h>
 

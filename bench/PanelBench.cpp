@@ -1,5 +1,5 @@
-#include "Picker/Panel/PanelPlacement.h"
-#include "Picker/Panel/PickerController.h"
+#include "Panel/PanelPlacement.h"
+#include "Panel/PickerController.h"
 #include "PickerFixture.h"
 
 #include <QCoreApplication>

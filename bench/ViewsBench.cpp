@@ -6,8 +6,8 @@
 // The software scene graph unless QT_QUICK_BACKEND or QSG_RHI_BACKEND asks
 // for another, as in the tray program. For OpenGL under Xvfb:
 //   QSG_RHI_BACKEND=opengl QT_QPA_PLATFORM=xcb xvfb-run -a pictray-bench --benchmark_filter=Views_
-#include "Picker/Panel/PickerController.h"
-#include "Picker/Views/PictrayQml.h"
+#include "Panel/PickerController.h"
+#include "Panel/Views/PictrayQml.h"
 #include "PickerFixture.h"
 #include "QuickItems.h"
 

@@ -1,4 +1,4 @@
-#include "Export/SVGPath.h"
+#include "Geometry/SVGPath.h"
 
 #include <QPainterPath>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "RawValue.h"
+#include "Base/RawValue.h"
 
 #include <QByteArray>
 #include <QExplicitlySharedDataPointer>

@@ -1,7 +1,7 @@
 #include "IconLibrary.h"
 
 #include "CatalogueCodec.h"
-#include "Export/SVGPath.h"
+#include "Geometry/SVGPath.h"
 #include "NumericCompare.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "IconUpdater.h"
 
-#include "AppConfig.h"
+#include "Base/AppConfig.h"
 #include "IconLibrary.h"
 #include "NumericCompare.h"
 #include "PackageConverter.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ExportFormat.h"
+#include "Base/ExportFormat.h"
 #include "IconExport.h"
 
 // Puts one icon on the clipboard in one format. The picker copies through

@@ -1,7 +1,7 @@
 #include "IconRenderer.h"
 
 #include "Catalog/IconLibrary.h"
-#include "StrokeOutline.h"
+#include "Geometry/StrokeOutline.h"
 
 #include <QBuffer>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Export/ExportFormat.h"
+#include "Base/ExportFormat.h"
 #include "Export/IconExport.h"
 
 #include <QList>

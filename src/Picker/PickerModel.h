@@ -2,7 +2,7 @@
 
 #include "Catalog/IconLibrary.h"
 #include "ColorSwatch.h"
-#include "Export/ExportFormat.h"
+#include "Base/ExportFormat.h"
 #include "Export/IconExport.h"
 #include "PickerTab.h"
 #include "State/Preferences.h"

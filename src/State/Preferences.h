@@ -1,9 +1,9 @@
 #pragma once
 
-#include "App/KeyCombo.h"
+#include "Base/KeyCombo.h"
 #include "Catalog/Icon.h"
-#include "Export/ExportFormat.h"
-#include "PreferenceOptions.h"
+#include "Base/ExportFormat.h"
+#include "Base/PreferenceOptions.h"
 
 #include <QList>
 #include <QObject>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Catalog/Icon.h"
-#include "Export/ExportFormat.h"
+#include "Base/ExportFormat.h"
 
 #include <QByteArray>
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "App/Shell/SingleInstance.h"
+#include "App/Instance/SingleInstance.h"
 #include "PictrayProcess.h"
 
 #include <QLocalSocket>

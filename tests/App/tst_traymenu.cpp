@@ -1,4 +1,4 @@
-#include "App/KeyboardLayout.h"
+#include "Platform/Xkb/XkbKeyboardLayout.h"
 #include "App/Shell/RecentRow.h"
 #include "App/Shell/StatusItemController.h"
 #include "App/Shell/TrayMenu.h"
@@ -67,7 +67,7 @@ private slots:
     {
         library = std::make_unique<IconLibrary>(
             IconLibrary::Sources{TestData::shippedCatalogue(), QString()});
-        us = KeyboardLayout::fromNames(QStringLiteral("us"));
+        us = XkbKeyboardLayout::fromNames(QStringLiteral("us"));
         QVERIFY(us);
         for (int i = 0; i < 12; ++i)
             names.append(library->icons().at(i * 50).id());
@@ -254,7 +254,7 @@ private slots:
         actions.showPicker = [&](std::optional<PickerTab> tab) { shownTab = tab; };
         actions.copyIcon = [&](const Icon& icon) { copied.append(icon.id()); };
         StatusItemController controller(prefs, user, *library, actions);
-        controller.setKeyboardLayout(KeyboardLayout::fromNames("us"));
+        controller.setKeyboardLayout(XkbKeyboardLayout::fromNames("us"));
         user.toggleFavorite(names.at(5));
         controller.rebuildMenu();
 

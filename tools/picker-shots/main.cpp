@@ -4,12 +4,12 @@
 // With --measure it also prints how long the first load, a search and a
 // scroll of the full grid take (run with QT_QUICK_BACKEND=software).
 #include "Catalog/IconLibrary.h"
-#include "Picker/Panel/PopoverState.h"
+#include "Panel/PopoverState.h"
 #include "Picker/PickerModel.h"
-#include "Picker/Views/PictrayQml.h"
+#include "Panel/Views/PictrayQml.h"
 #include "QuickItems.h"
 #include "State/SettingsStore.h"
-#include "Windows/Kit/Appearance.h"
+#include "Ui/Kit/Appearance.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,26 +1,22 @@
 #include "Application.h"
 
-#include "App/HotKeys/HotKeyBackend.h"
-#include "App/HotKeys/HotKeyCenter.h"
+#include "AppWindows/WindowManager.h"
+#include "Base/KeyboardLayout.h"
 #include "Catalog/IconLibrary.h"
 #include "Export/CopyService.h"
-#include "NullPaster.h"
-#include "Picker/Panel/PickerController.h"
+#include "Panel/PickerController.h"
+#include "Panel/Views/PictrayQml.h"
 #include "Picker/PickerModel.h"
-#include "Picker/Views/PictrayQml.h"
+#include "Platform/HotKeyBackend.h"
+#include "Platform/HotKeyCenter.h"
 #include "StartupTrace.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 #include "State/UserLibrary.h"
 #include "StatusItemController.h"
+#include "Ui/HUD.h"
+#include "Ui/QtClipboard.h"
 #include "UpdateChecker.h"
-#include "Windows/HUD.h"
-#include "Windows/QtClipboard.h"
-#include "Windows/WindowManager.h"
-
-#ifdef PICTRAY_X11_PASTER
-#include "Windows/X11Paster.h"
-#endif
 
 #include <QApplication>
 #include <QTimer>
@@ -37,6 +33,9 @@ Application::~Application() = default;
 
 void Application::start()
 {
+    m_platform = PlatformBackends::forPlatform(QGuiApplication::platformName());
+    KeyboardLayout::setCurrent(m_platform.keyboardLayout);
+
     m_store = std::make_unique<SettingsStore>(SettingsStore::defaultPath());
     m_prefs = std::make_unique<Preferences>(*m_store);
     StartupTrace::mark("preferences");
@@ -54,15 +53,11 @@ void Application::start()
 
     m_clipboard = std::make_unique<QtClipboard>();
     m_hud = std::make_unique<HUD>();
-#ifdef PICTRAY_X11_PASTER
-    m_paster = std::make_unique<X11Paster>();
-#else
-    m_paster = std::make_unique<NullPaster>();
-#endif
     m_copy = std::make_unique<CopyService>(*m_library, *m_user, *m_prefs, *m_clipboard, *m_hud,
-                                           *m_paster);
+                                           *m_platform.paster);
     m_model = std::make_unique<PickerModel>(*m_library, *m_user, *m_prefs, m_copy.get());
-    m_picker = std::make_unique<PickerController>(*m_model, *m_prefs, *m_user, *m_copy, *m_paster);
+    m_picker = std::make_unique<PickerController>(*m_model, *m_prefs, *m_user, *m_copy,
+                                                  *m_platform.paster);
     m_picker->setEngineSetup(
         [this](QQmlEngine& engine) { registerPictrayQml(engine, *m_library); });
     connect(m_picker.get(), &PickerController::settingsRequested, this,
@@ -87,7 +82,7 @@ void Application::start()
     m_picker->setTrayIconGeometry([this] { return m_status->trayIconGeometry(); });
     StartupTrace::mark("tray icon set up");
 
-    m_hotKeys = std::make_unique<HotKeyCenter>(HotKeyBackend::forPlatform());
+    m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
     registerHotKeys();
     StartupTrace::mark("hot keys");
     m_updates = std::make_unique<UpdateChecker>();

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "InstanceRequest.h"
+#include "App/Instance/InstanceRequest.h"
 #include "PanelTrace.h"
+#include "Platform/PlatformBackends.h"
 
 #include <QObject>
 #include <memory>
@@ -10,7 +11,6 @@ class CopyService;
 class HotKeyCenter;
 class HUD;
 class IconLibrary;
-class Paster;
 class PickerController;
 class PickerModel;
 class Preferences;
@@ -50,13 +50,13 @@ public:
 private:
     void subscribeToSettings();
 
+    PlatformBackends m_platform;
     std::unique_ptr<SettingsStore> m_store;
     std::unique_ptr<Preferences> m_prefs;
     std::unique_ptr<IconLibrary> m_library;
     std::unique_ptr<UserLibrary> m_user;
     std::unique_ptr<QtClipboard> m_clipboard;
     std::unique_ptr<HUD> m_hud;
-    std::unique_ptr<Paster> m_paster;
     std::unique_ptr<CopyService> m_copy;
     std::unique_ptr<HotKeyCenter> m_hotKeys;
     std::unique_ptr<PickerModel> m_model;

@@ -1,6 +1,6 @@
 #include "StatusItemController.h"
 
-#include "App/KeyboardLayout.h"
+#include "Base/KeyboardLayout.h"
 #include "Catalog/IconLibrary.h"
 #include "MenuIcons.h"
 #include "StartupTrace.h"

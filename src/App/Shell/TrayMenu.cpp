@@ -2,7 +2,7 @@
 
 #include "Catalog/IconLibrary.h"
 #include "MenuIcons.h"
-#include "Picker/Panel/FormatMenu.h"
+#include "Panel/FormatMenu.h"
 #include "RecentRow.h"
 
 #include <QActionGroup>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "App/KeyCombo.h"
-#include "Export/ExportFormat.h"
+#include "Base/KeyCombo.h"
+#include "Base/ExportFormat.h"
 #include "State/UserLibrary.h"
 
 #include <QKeySequence>

@@ -1,9 +1,9 @@
 #include "TrayProgram.h"
 
 #include "Application.h"
-#include "SingleInstance.h"
+#include "App/Instance/SingleInstance.h"
 #include "StartupTrace.h"
-#include "Windows/WindowManager.h"
+#include "AppWindows/WindowManager.h"
 
 #include <QApplication>
 #include <QQuickWindow>

@@ -1,6 +1,6 @@
 #include "UpdateChecker.h"
 
-#include "Catalog/AppConfig.h"
+#include "Base/AppConfig.h"
 
 #include <QDesktopServices>
 #include <QMessageBox>

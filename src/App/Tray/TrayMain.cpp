@@ -1,5 +1,5 @@
-#include "Shell/StartupTrace.h"
-#include "Shell/TrayProgram.h"
+#include "App/Shell/StartupTrace.h"
+#include "App/Shell/TrayProgram.h"
 
 #include <QCoreApplication>
 #include <QtGlobal>

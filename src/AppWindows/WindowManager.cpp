@@ -1,0 +1,204 @@
+#include "WindowManager.h"
+
+#include "AboutInfo.h"
+#include "Ui/AppPalette.h"
+#include "Ui/GlyphImageProvider.h"
+#include "Ui/Kit/KitQml.h"
+#include "State/Preferences.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickStyle>
+#include <QScreen>
+
+namespace {
+
+const char* const currentTabProperty = "currentTab";
+
+} // namespace
+
+WindowManager::WindowManager(Preferences& prefs, IconLibrary& library, QObject* parent)
+    : QObject(parent), m_prefs(prefs), m_library(library),
+      m_aboutInfo(std::make_unique<AboutInfo>(library))
+{
+}
+
+WindowManager::~WindowManager()
+{
+    // The windows go before the engine that made them, and without telling
+    // this half-destroyed manager that they hide.
+    for (QQuickWindow* window : {m_onboarding.data(), m_about.data(), m_settings.data()}) {
+        if (window)
+            window->disconnect(this);
+    }
+    delete m_onboarding;
+    delete m_about;
+    delete m_settings;
+}
+
+void WindowManager::chooseControlsStyle()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_CONTROLS_STYLE"))
+        QQuickStyle::setStyle(QStringLiteral("Fusion"));
+}
+
+QString WindowManager::label(Tab tab)
+{
+    switch (tab) {
+    case Tab::general:
+        return QStringLiteral("General");
+    case Tab::copy:
+        return QStringLiteral("Copy");
+    case Tab::about:
+        break;
+    }
+    return QStringLiteral("About");
+}
+
+QQmlEngine& WindowManager::engine()
+{
+    // Made on the first window, so a tray that is never opened pays nothing.
+    if (!m_engine) {
+        m_engine = std::make_unique<QQmlEngine>();
+        m_engine->addImportPath(QStringLiteral("qrc:/"));
+        registerKitQml(*m_engine, m_library);
+        m_engine->addImageProvider(QStringLiteral("glyph"), new GlyphImageProvider(m_library));
+        QQmlContext* context = m_engine->rootContext();
+        context->setContextProperty(QStringLiteral("appearance"), &m_appearance);
+        context->setContextProperty(QStringLiteral("about"), m_aboutInfo.get());
+        context->setContextProperty(QStringLiteral("windowManager"), this);
+    }
+    return *m_engine;
+}
+
+QQuickWindow* WindowManager::create(const QString& file, const QVariantMap& properties)
+{
+    QQmlComponent component(&engine(), QUrl(QStringLiteral("qrc:/Pictray/Windows/") + file));
+    // Qt 6.4 crashes when asked to create from a component that failed.
+    QObject* object =
+        component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
+    auto* window = qobject_cast<QQuickWindow*>(object);
+    if (!window) {
+        qWarning().noquote() << "Pictray: cannot make" << file << component.errorString();
+        delete object;
+        return nullptr;
+    }
+    QQmlEngine::setObjectOwnership(window, QQmlEngine::CppOwnership);
+    return window;
+}
+
+void WindowManager::forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot)
+{
+    QQuickWindow* window = this->*slot;
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    const auto forget = [this, slot, window, connection](bool visible) {
+        if (visible)
+            return;
+        // Once only: the window's destructor announces the hiding again,
+        // when it is no longer a QQuickWindow.
+        disconnect(*connection);
+        // Forgotten at once, so a request right after the close makes a new one.
+        if (this->*slot == window)
+            (this->*slot).clear();
+        window->deleteLater();
+    };
+    *connection = connect(window, &QWindow::visibleChanged, this, forget);
+}
+
+void WindowManager::showSettings(Tab tab)
+{
+    if (!m_settings) {
+        m_settings = create(QStringLiteral("SettingsWindow.qml"), {});
+        if (!m_settings)
+            return;
+    }
+    m_settings->setProperty(currentTabProperty, int(tab));
+    present(m_settings, true);
+}
+
+std::optional<WindowManager::Tab> WindowManager::settingsTab() const
+{
+    if (!m_settings)
+        return std::nullopt;
+    return Tab(m_settings->property(currentTabProperty).toInt());
+}
+
+void WindowManager::showAbout()
+{
+    if (!m_about) {
+        m_about = create(QStringLiteral("AboutWindow.qml"), {});
+        if (!m_about)
+            return;
+        forgetOnClose(&WindowManager::m_about);
+    }
+    present(m_about, true);
+}
+
+void WindowManager::showOnboarding()
+{
+    if (!m_onboarding) {
+        const auto caps = [](const std::optional<KeyCombo>& combo) {
+            return combo ? combo->keyCaps() : QStringList();
+        };
+        m_onboarding = create(QStringLiteral("OnboardingWindow.qml"),
+                              {{QStringLiteral("pickerKeys"), caps(m_prefs.pickerHotKey())},
+                               {QStringLiteral("copyLastKeys"), caps(m_prefs.copyLastHotKey())}});
+        if (!m_onboarding)
+            return;
+        forgetOnClose(&WindowManager::m_onboarding);
+    }
+    present(m_onboarding, true);
+}
+
+void WindowManager::finishOnboarding()
+{
+    m_prefs.setHasCompletedOnboarding(true);
+    if (m_onboarding)
+        m_onboarding->close();
+    emit pickerRequested();
+}
+
+void WindowManager::present(QWindow* window, bool center)
+{
+    if (!window)
+        return;
+    if (center && !window->isVisible()) {
+        QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+        if (!screen)
+            screen = QGuiApplication::primaryScreen();
+        if (screen) {
+            window->setScreen(screen);
+            const QRect available = screen->availableGeometry();
+            window->setPosition(available.center() -
+                                QPoint(window->width() / 2, window->height() / 2));
+        }
+    }
+    window->show();
+    window->raise();
+    window->requestActivate();
+}
+
+void WindowManager::applyAppearance()
+{
+    const AppearanceMode mode = m_prefs.appearance();
+    // A default palette stands for the desktop's own.
+    const QPalette palette = AppPalette::forMode(mode).value_or(QPalette());
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()))
+        QApplication::setPalette(palette);
+    else if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        QGuiApplication::setPalette(palette);
+    // The windows, open or kept, bind their colours to it.
+    m_appearance.setMode(mode);
+}
+
+bool WindowManager::hasVisibleWindow() const
+{
+    for (const QQuickWindow* window : {m_settings.data(), m_about.data(), m_onboarding.data()}) {
+        if (window && window->isVisible())
+            return true;
+    }
+    return false;
+}

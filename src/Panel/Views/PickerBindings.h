@@ -1,0 +1,122 @@
+#pragma once
+
+#include "Base/ExportFormat.h"
+#include "Picker/PickerModel.h"
+#include "Picker/PickerResultsModel.h"
+
+#include <QKeySequence>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QUrl>
+#include <QtQml/qqmlregistration.h>
+
+// What the picker views show, in plain types, computed from the picker
+// model: tab titles, the empty texts, the format choice, the favourite
+// state. The views bind to it and write back through it, so that no rule
+// lives in QML.
+class PickerBindings : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(PickerModel* model READ model WRITE setModel NOTIFY modelChanged)
+    // The results as a list model with the role `iconName`, for the grid.
+    Q_PROPERTY(QAbstractItemModel* results READ results CONSTANT)
+
+    Q_PROPERTY(bool filled READ filled WRITE setFilled NOTIFY styleChanged)
+    Q_PROPERTY(QStringList tabTitles READ tabTitles NOTIFY tabsChanged)
+    Q_PROPERTY(QStringList tabIcons READ tabIcons NOTIFY tabsChanged)
+    Q_PROPERTY(int tabIndex READ tabIndex WRITE setTabIndex NOTIFY tabIndexChanged)
+
+    Q_PROPERTY(bool showsEmptyResults READ showsEmptyResults NOTIFY searchTextsChanged)
+    Q_PROPERTY(QString emptyGridText READ emptyGridText NOTIFY searchTextsChanged)
+    Q_PROPERTY(QString emptyResultsTitle READ emptyResultsTitle NOTIFY searchTextsChanged)
+    Q_PROPERTY(QString emptyResultsHint READ emptyResultsHint NOTIFY searchTextsChanged)
+    Q_PROPERTY(QString nearMatchLine READ nearMatchLine NOTIFY searchTextsChanged)
+    Q_PROPERTY(QStringList nearMatchNames READ nearMatchNames NOTIFY searchTextsChanged)
+    Q_PROPERTY(QString iconCountLine READ iconCountLine NOTIFY searchTextsChanged)
+
+    Q_PROPERTY(bool currentIsFavorite READ currentIsFavorite NOTIFY inspectorChanged)
+    Q_PROPERTY(QString favoriteHelp READ favoriteHelp NOTIFY inspectorChanged)
+    Q_PROPERTY(QString currentTagLine READ currentTagLine NOTIFY inspectorChanged)
+    Q_PROPERTY(QString sizeLabel READ sizeLabel NOTIFY inspectorChanged)
+    Q_PROPERTY(QString strokeLabel READ strokeLabel NOTIFY inspectorChanged)
+    Q_PROPERTY(QStringList swatchValues READ swatchValues NOTIFY inspectorChanged)
+    Q_PROPERTY(QStringList swatchLabels READ swatchLabels NOTIFY inspectorChanged)
+    Q_PROPERTY(QStringList codeFormatLabels READ codeFormatLabels NOTIFY formatsChanged)
+    Q_PROPERTY(QStringList imageFormatLabels READ imageFormatLabels NOTIFY formatsChanged)
+    // Into the code labels, then on into the image labels.
+    Q_PROPERTY(int formatIndex READ formatIndex WRITE setFormatIndex NOTIFY formatsChanged)
+    Q_PROPERTY(QString formatLabel READ formatLabel NOTIFY formatsChanged)
+    Q_PROPERTY(QString copyButtonTitle READ copyButtonTitle NOTIFY formatsChanged)
+
+    Q_PROPERTY(QString favoriteKeys READ favoriteKeys CONSTANT)
+    Q_PROPERTY(QUrl requestIconUrl READ requestIconUrl CONSTANT)
+
+public:
+    explicit PickerBindings(QObject* parent = nullptr);
+
+    PickerModel* model() const { return m_model; }
+    void setModel(PickerModel* model);
+    QAbstractItemModel* results() { return &m_results; }
+
+    bool filled() const;
+    void setFilled(bool filled);
+    QStringList tabTitles() const;
+    QStringList tabIcons() const;
+    int tabIndex() const;
+    void setTabIndex(int index);
+
+    bool showsEmptyResults() const;
+    QString emptyGridText() const;
+    QString emptyResultsTitle() const;
+    QString emptyResultsHint() const;
+    QString nearMatchLine() const;
+    QStringList nearMatchNames() const;
+    QString iconCountLine() const;
+
+    bool currentIsFavorite() const;
+    QString favoriteHelp() const;
+    QString currentTagLine() const;
+    QString sizeLabel() const;
+    QString strokeLabel() const;
+    QStringList swatchValues() const;
+    QStringList swatchLabels() const;
+    QStringList codeFormatLabels() const;
+    QStringList imageFormatLabels() const;
+    int formatIndex() const;
+    void setFormatIndex(int index);
+    QString formatLabel() const;
+    QString copyButtonTitle() const;
+
+    // The primary modifier with D, as the desktop writes shortcuts: "⌘D" on
+    // macOS, "Ctrl+D" elsewhere.
+    QString favoriteKeys() const { return favoriteKeys(QKeySequence::NativeText); }
+    static QString favoriteKeys(QKeySequence::SequenceFormat format);
+    static QUrl requestIconUrl();
+
+    Q_INVOKABLE void toggleFavorite();
+    // The tooltip of a grid cell.
+    Q_INVOKABLE QString cellHelp(const QString& name) const;
+
+signals:
+    void modelChanged();
+    void styleChanged();
+    void tabsChanged();
+    void tabIndexChanged();
+    void searchTextsChanged();
+    void inspectorChanged();
+    void formatsChanged();
+
+private:
+    // The copy formats offered: the text formats, then the enabled PNG scales.
+    QList<ExportFormat> offeredFormats() const;
+
+    // Suggestions are searched once per query that found nothing.
+    void computeNearMatches() const;
+
+    QPointer<PickerModel> m_model;
+    PickerResultsModel m_results;
+    mutable QString m_nearQuery;
+    mutable QStringList m_nearWords;
+    mutable QStringList m_nearNames;
+};

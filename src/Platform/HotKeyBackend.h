@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Base/KeyCombo.h"
+
+#include <functional>
+
+// What a windowing system must offer for global hot keys: make a key
+// combination system-wide under a number, withdraw it, and report presses by
+// that number.
+class HotKeyBackend {
+public:
+    using PressHandler = std::function<void(quint32 number)>;
+
+    virtual ~HotKeyBackend() = default;
+
+    // Called once, before the first registration.
+    virtual void installHandler(PressHandler handler) = 0;
+    // False when the system refuses the combination (another application holds
+    // it); then nothing of it is live.
+    virtual bool registerHotKey(quint32 number, const KeyCombo& combo) = 0;
+    virtual void unregisterHotKey(quint32 number) = 0;
+};

@@ -1,0 +1,55 @@
+#include "PlatformBackends.h"
+
+#include "Null/NullHotKeyBackend.h"
+#include "Null/NullPaster.h"
+#include "X11/X11HotKeyBackend.h"
+#include "X11/X11Paster.h"
+#include "Xkb/XkbKeyboardLayout.h"
+
+#include <QGuiApplication>
+
+namespace {
+
+xcb_connection_t* x11Connection()
+{
+    auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
+    return x11 ? x11->connection() : nullptr;
+}
+
+PlatformBackends forX11()
+{
+    PlatformBackends backends;
+    if (auto grabs = X11HotKeyBackend::create())
+        backends.hotKeys = std::move(grabs);
+    else
+        backends.hotKeys = std::make_unique<NullHotKeyBackend>();
+    backends.paster = std::make_unique<X11Paster>();
+    backends.keyboardLayout = XkbKeyboardLayout::fromX11Server(x11Connection());
+    if (!backends.keyboardLayout)
+        backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
+    return backends;
+}
+
+} // namespace
+
+PlatformBackends::PlatformBackends() = default;
+PlatformBackends::PlatformBackends(PlatformBackends&&) noexcept = default;
+PlatformBackends& PlatformBackends::operator=(PlatformBackends&&) noexcept = default;
+PlatformBackends::~PlatformBackends() = default;
+
+PlatformBackends PlatformBackends::forPlatform(const QString& platformName)
+{
+    if (platformName == u"xcb")
+        return forX11();
+    PlatformBackends backends = null();
+    backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
+    return backends;
+}
+
+PlatformBackends PlatformBackends::null()
+{
+    PlatformBackends backends;
+    backends.hotKeys = std::make_unique<NullHotKeyBackend>();
+    backends.paster = std::make_unique<NullPaster>();
+    return backends;
+}

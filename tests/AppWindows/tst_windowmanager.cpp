@@ -1,0 +1,188 @@
+#include "Catalog/IconLibrary.h"
+#include "State/Preferences.h"
+#include "State/SettingsStore.h"
+#include "TestData.h"
+#include "AppWindows/AboutInfo.h"
+#include "AppWindows/WindowManager.h"
+
+#include <QApplication>
+#include <QQuickItem>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+// Every text the item and the items in it show.
+void collectTexts(const QQuickItem* item, QStringList& list)
+{
+    const QVariant text = item->property("text");
+    if (text.isValid() && !text.toString().isEmpty())
+        list.append(text.toString());
+    for (const QQuickItem* child : item->childItems())
+        collectTexts(child, list);
+}
+
+QStringList texts(const QQuickWindow* window)
+{
+    QStringList list;
+    collectTexts(window->contentItem(), list);
+    return list;
+}
+
+void processDeletes()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+class TestWindowManager : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir dir;
+    std::unique_ptr<SettingsStore> store;
+    std::unique_ptr<Preferences> prefs;
+    std::unique_ptr<IconLibrary> library;
+    std::unique_ptr<WindowManager> windows;
+
+private slots:
+    void initTestCase()
+    {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        WindowManager::chooseControlsStyle();
+        library = std::make_unique<IconLibrary>(
+            IconLibrary::Sources{TestData::shippedCatalogue(), QString()});
+    }
+
+    void init()
+    {
+        store = std::make_unique<SettingsStore>(dir.filePath("Pictray.conf"));
+        prefs = std::make_unique<Preferences>(*store);
+        windows = std::make_unique<WindowManager>(*prefs, *library);
+    }
+
+    void cleanup()
+    {
+        windows.reset();
+        prefs.reset();
+        store->remove("appearance");
+        store->remove("hasCompletedOnboarding");
+        store.reset();
+    }
+
+    void settingsIsOneWindowThatSwitchesTabs()
+    {
+        windows->showSettings(WindowManager::Tab::general);
+        QQuickWindow* settings = windows->settingsWindow();
+        QVERIFY(settings);
+        QVERIFY(settings->isVisible());
+        QCOMPARE(settings->title(), QString("General"));
+
+        windows->showSettings(WindowManager::Tab::about);
+        QCOMPARE(windows->settingsWindow(), settings);
+        QCOMPARE(windows->settingsTab(), std::optional(WindowManager::Tab::about));
+        QCOMPARE(settings->title(), QString("About"));
+
+        // Kept when closed, with its tab.
+        settings->close();
+        processDeletes();
+        QCOMPARE(windows->settingsWindow(), settings);
+        QVERIFY(!windows->hasVisibleWindow());
+        windows->showSettings(WindowManager::Tab::copy);
+        QCOMPARE(windows->settingsWindow(), settings);
+        QCOMPARE(settings->title(), QString("Copy"));
+    }
+
+    void closedAboutWindowIsMadeAfresh()
+    {
+        windows->showAbout();
+        QPointer<QQuickWindow> first = windows->aboutWindow();
+        QVERIFY(first);
+        QCOMPARE(first->title(), QString("About Pictray"));
+        first->close();
+        QVERIFY(!windows->aboutWindow());
+        processDeletes();
+        QVERIFY(!first);
+        windows->showAbout();
+        QVERIFY(windows->aboutWindow());
+        QVERIFY(windows->aboutWindow()->isVisible());
+    }
+
+    void aboutViewTexts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("name") << "Pictray";
+        QTest::newRow("version") << "Version " PICTRAY_VERSION " (1)";
+        QTest::newRow("tagline") << "A menu bar picker for the Tabler icon set.";
+        QTest::newRow("catalogue") << "Tabler Icons " + library->version();
+        QTest::newRow("credit") << "Icons from <a href=\"https://tabler.io/icons\">Tabler Icons</a>"
+                                   " by Paweł Kuna and contributors, under the MIT License.";
+        QTest::newRow("licence button") << "MIT License";
+        QTest::newRow("website") << "Website";
+        QTest::newRow("support") << "Support";
+        QTest::newRow("footer")
+            << "Made by the Pictray developers. Pictray is not affiliated with Tabler.";
+    }
+
+    void aboutViewTexts()
+    {
+        QFETCH(QString, text);
+        windows->showAbout();
+        const QStringList shown = texts(windows->aboutWindow());
+        QVERIFY2(shown.contains(text), qPrintable(shown.join(" | ")));
+    }
+
+    void licenceIsBuiltIn()
+    {
+        const QString licence = AboutInfo::licenceText();
+        QVERIFY(licence.startsWith("MIT License"));
+        QVERIFY(licence.contains("Paweł Kuna"));
+    }
+
+    void appearanceReachesTheKeptSettingsWindow()
+    {
+        windows->showSettings();
+        QQuickWindow* settings = windows->settingsWindow();
+        settings->close();
+        prefs->setAppearance(AppearanceMode::dark);
+        windows->applyAppearance();
+        QVERIFY(windows->appearance().dark());
+        QCOMPARE(settings->color(), QColor("#1E1F22"));
+        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 128);
+
+        prefs->setAppearance(AppearanceMode::light);
+        windows->applyAppearance();
+        QVERIFY(!windows->appearance().dark());
+        QCOMPARE(settings->color(), QColor("#F5F5F7"));
+        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 128);
+    }
+
+    void onboarding_data()
+    {
+        QTest::addColumn<bool>("finish");
+        QTest::newRow("finished") << true;
+        QTest::newRow("closed") << false;
+    }
+
+    void onboarding()
+    {
+        QFETCH(bool, finish);
+        QSignalSpy pickerRequested(windows.get(), &WindowManager::pickerRequested);
+        windows->showOnboarding();
+        QQuickWindow* window = windows->onboardingWindow();
+        QVERIFY(window);
+        QCOMPARE(window->title(), QString("Welcome to Pictray"));
+        QVERIFY(texts(window).contains("Start Using Pictray"));
+        if (finish)
+            windows->finishOnboarding();
+        else
+            window->close();
+        QVERIFY(!windows->onboardingWindow());
+        QCOMPARE(store->boolValue("hasCompletedOnboarding"), finish);
+        QCOMPARE(pickerRequested.size(), finish ? 1 : 0);
+    }
+};
+
+QTEST_MAIN(TestWindowManager)
+#include "tst_windowmanager.moc"

@@ -1,0 +1,132 @@
+#include "Base/KeyCombo.h"
+#include "Platform/Xkb/XkbKeyboardLayout.h"
+
+#include <QTest>
+
+class TestKeyCombo : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<KeyboardLayout> us = XkbKeyboardLayout::fromNames(QStringLiteral("us"));
+    std::unique_ptr<KeyboardLayout> de = XkbKeyboardLayout::fromNames(QStringLiteral("de"));
+
+    static constexpr quint64 capsLock = 0x10000;
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(us);
+        QVERIFY(de);
+    }
+
+    void carbonModifiers_data()
+    {
+        QTest::addColumn<quint64>("modifiers");
+        QTest::addColumn<quint32>("carbon");
+        QTest::newRow("control option") << quint64(0xC0000) << quint32(0x1800);
+        QTest::newRow("all four") << quint64(0x1E0000) << quint32(0x1B00);
+        QTest::newRow("caps lock dropped") << (capsLock | KeyCombo::shiftFlag) << quint32(0x200);
+        QTest::newRow("none") << quint64(0) << quint32(0);
+    }
+    void carbonModifiers()
+    {
+        QFETCH(quint64, modifiers);
+        QFETCH(quint32, carbon);
+        QCOMPARE((KeyCombo{34, modifiers}.carbonModifiers()), carbon);
+    }
+
+    void renditions_data()
+    {
+        QTest::addColumn<quint64>("modifiers");
+        QTest::addColumn<KeyCombo::Rendition>("rendition");
+        QTest::addColumn<QStringList>("caps");
+        QTest::addColumn<QString>("spoken");
+        const quint64 all = 0x1E0000 | capsLock;
+        QTest::newRow("mac, all") << all << KeyCombo::Rendition::mac
+                                  << QStringList{u"⌃"_qs, u"⌥"_qs, u"⇧"_qs, u"⌘"_qs, u"I"_qs}
+                                  << u"Control Option Shift Command I"_qs;
+        QTest::newRow("pc, all") << all << KeyCombo::Rendition::pc
+                                 << QStringList{u"Ctrl"_qs, u"Alt"_qs, u"Shift"_qs, u"Super"_qs,
+                                                u"I"_qs}
+                                 << u"Control Alt Shift Super I"_qs;
+        QTest::newRow("mac, control option")
+            << quint64(0xC0000) << KeyCombo::Rendition::mac
+            << QStringList{u"⌃"_qs, u"⌥"_qs, u"I"_qs} << u"Control Option I"_qs;
+        QTest::newRow("pc, command only") << KeyCombo::commandFlag << KeyCombo::Rendition::pc
+                                          << QStringList{u"Super"_qs, u"I"_qs} << u"Super I"_qs;
+    }
+    void renditions()
+    {
+        QFETCH(quint64, modifiers);
+        QFETCH(KeyCombo::Rendition, rendition);
+        QFETCH(QStringList, caps);
+        QFETCH(QString, spoken);
+        const KeyCombo combo{34, modifiers};
+        QCOMPARE(combo.keyCaps(rendition, us.get()), caps);
+        QCOMPARE(combo.spoken(rendition, us.get()), spoken);
+    }
+
+    void keyNames_data()
+    {
+        QTest::addColumn<quint32>("keyCode");
+        QTest::addColumn<QString>("onUS");
+        QTest::addColumn<QString>("onGerman");
+        QTest::newRow("return is fixed") << 36u << u"↩"_qs << u"↩"_qs;
+        QTest::newRow("space is fixed") << 49u << u"Space"_qs << u"Space"_qs;
+        QTest::newRow("F12 is fixed") << 111u << u"F12"_qs << u"F12"_qs;
+        QTest::newRow("up is fixed") << 126u << u"↑"_qs << u"↑"_qs;
+        QTest::newRow("Z key") << 6u << u"Z"_qs << u"Y"_qs;
+        QTest::newRow("Y key") << 16u << u"Y"_qs << u"Z"_qs;
+        QTest::newRow("C key") << 8u << u"C"_qs << u"C"_qs;
+        QTest::newRow("semicolon key") << 41u << u";"_qs << u"Ö"_qs;
+        QTest::newRow("minus key upper-cases sharp s") << 27u << u"-"_qs << u"SS"_qs;
+        QTest::newRow("dead key shows its accent") << 24u << u"="_qs << u"´"_qs;
+        QTest::newRow("F13 types nothing") << 105u << u"?"_qs << u"?"_qs;
+        QTest::newRow("no physical key") << 63u << u"?"_qs << u"?"_qs;
+        QTest::newRow("beyond 16 bits") << 0x10022u << u"?"_qs << u"?"_qs;
+    }
+    void keyNames()
+    {
+        QFETCH(quint32, keyCode);
+        QFETCH(QString, onUS);
+        QFETCH(QString, onGerman);
+        QCOMPARE(KeyCombo::keyName(keyCode, us.get()), onUS);
+        QCOMPARE(KeyCombo::keyName(keyCode, de.get()), onGerman);
+    }
+
+    void noLayoutNamesOnlyFixedKeys()
+    {
+        QCOMPARE(KeyCombo::keyName(34, nullptr), u"?"_qs);
+        QCOMPARE(KeyCombo::keyName(53, nullptr), u"⎋"_qs);
+    }
+
+    void json()
+    {
+        const KeyCombo combo{34, 0xC0000};
+        QCOMPARE(combo.toJson(), QByteArray(R"({"keyCode":34,"modifiers":786432})"));
+        QCOMPARE(KeyCombo::fromJson(combo.toJson()), combo);
+        QCOMPARE(KeyCombo::fromJson(R"({"modifiers":262144,"extra":[1],"keyCode":8})"),
+                 (KeyCombo{8, 0x40000}));
+    }
+
+    void undecodableJson_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("array") << QByteArray("[34,786432]");
+        QTest::newRow("missing modifiers") << QByteArray(R"({"keyCode":34})");
+        QTest::newRow("string number") << QByteArray(R"({"keyCode":"34","modifiers":0})");
+        QTest::newRow("negative") << QByteArray(R"({"keyCode":-1,"modifiers":0})");
+        QTest::newRow("fraction") << QByteArray(R"({"keyCode":34.5,"modifiers":0})");
+        QTest::newRow("key code over 32 bits")
+            << QByteArray(R"({"keyCode":4294967296,"modifiers":0})");
+        QTest::newRow("truncated") << QByteArray("{\"keyCode\":34,\"modif");
+    }
+    void undecodableJson()
+    {
+        QFETCH(QByteArray, json);
+        QCOMPARE(KeyCombo::fromJson(json), std::nullopt);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestKeyCombo)
+#include "tst_keycombo.moc"

@@ -1,0 +1,452 @@
+#include "Catalog/PackageConverter.h"
+#include "Export/CopyService.h"
+#include "Panel/FormatMenu.h"
+#include "Panel/PickerController.h"
+#include "Picker/PickerModel.h"
+#include "State/SettingsStore.h"
+#include "TestData.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace std::chrono_literals;
+using PackageConverter::OutEntry;
+
+namespace {
+
+struct FakeTargets : Clipboard, HeadsUp, Paster {
+    QStringList messages;
+    int remembered = 0;
+    int pastes = 0;
+    void clear() override {}
+    void putText(const QString&) override {}
+    void putPNG(const QByteArray&, const QImage&) override {}
+    void show(const QString& message) override { messages.append(message); }
+    void rememberTarget() override { ++remembered; }
+    bool isTrusted() const override { return true; }
+    void paste() override { ++pastes; }
+};
+
+// The format menu's icons and enough others for grid moves: 24 icons, three rows.
+std::vector<OutEntry> catalogue()
+{
+    QStringList names{u"file-type-svg"_qs, u"brand-react"_qs,    u"brand-vue"_qs,
+                      u"brand-laravel"_qs, u"brand-tailwind"_qs, u"link"_qs,
+                      u"file-type-png"_qs, u"heart"_qs};
+    for (int i = 0; names.size() < 24; ++i)
+        names.append(QStringLiteral("shape-%1").arg(i));
+    std::vector<OutEntry> out;
+    const PathList d{"M4 12h16", "M12 4v16"};
+    for (const QString& name : names)
+        out.push_back({name, u"Misc"_qs, {}, d, d});
+    return out;
+}
+
+QKeyEvent press(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {})
+{
+    return QKeyEvent(QEvent::KeyPress, key, modifiers, text);
+}
+
+} // namespace
+
+class TestPickerController : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir dir;
+    int files = 0;
+    std::unique_ptr<SettingsStore> store;
+    std::unique_ptr<Preferences> prefs;
+    std::unique_ptr<IconLibrary> library;
+    std::unique_ptr<UserLibrary> user;
+    FakeTargets fake;
+    std::unique_ptr<CopyService> service;
+    std::unique_ptr<PickerModel> model;
+    std::unique_ptr<PickerController> controller;
+    std::chrono::steady_clock::time_point now;
+    int beeps = 0;
+
+    // What one key did, in words: each effect the table can ask for.
+    QString effectOf(const QKeyEvent& event, bool& consumed)
+    {
+        QSignalSpy settings(controller.get(), &PickerController::settingsRequested);
+        QSignalSpy quit(controller.get(), &PickerController::quitRequested);
+        const int index = model->selectedIndex(), focus = model->focusSearch();
+        const qsizetype messages = fake.messages.size(), favorites = user->favorites().size();
+        const IconStyle style = model->style();
+        const int beepsBefore = beeps;
+        consumed = controller->handle(event);
+
+        QStringList effects;
+        if (model->selectedIndex() != index)
+            effects << QStringLiteral("move:%1").arg(model->selectedIndex() - index);
+        if (fake.messages.size() > messages)
+            effects << u"copy:"_qs + rawValue(user->lastCopy()->format);
+        if (user->favorites().size() != favorites)
+            effects << u"favorite"_qs;
+        if (model->focusSearch() != focus)
+            effects << u"focus"_qs;
+        if (model->style() != style)
+            effects << u"style"_qs;
+        if (controller->showingMenu())
+            effects << u"menu"_qs;
+        if (!controller->isVisible())
+            effects << u"hidden"_qs;
+        for (const QList<QVariant>& call : settings)
+            effects << u"settings:"_qs + call.at(0).toString();
+        if (!quit.isEmpty())
+            effects << u"quit"_qs;
+        if (beeps > beepsBefore)
+            effects << u"beep"_qs;
+        return effects.join(u' ');
+    }
+
+private slots:
+    void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
+
+    void init()
+    {
+        store = std::make_unique<SettingsStore>(dir.filePath(QStringLiteral("s-%1").arg(++files)));
+        prefs = std::make_unique<Preferences>(*store);
+        prefs->setAfterCopy(AfterCopy::keepOpen);
+        prefs->setPickerPosition(PickerPosition::centered);
+        QFile file(dir.filePath(QStringLiteral("catalogue-%1.json").arg(++files)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(PackageConverter::OutFile{"1.0", catalogue()}.encode());
+        file.close();
+        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
+        user = std::make_unique<UserLibrary>(*store, *prefs, [](const QString&) { return true; });
+        fake = {};
+        service = std::make_unique<CopyService>(*library, *user, *prefs, fake, fake, fake);
+        model = std::make_unique<PickerModel>(*library, *user, *prefs, service.get());
+        controller =
+            std::make_unique<PickerController>(*model, *prefs, *user, *service, fake, nullptr);
+        controller->setRootUrl(
+            QUrl::fromLocalFile(TestData::sourcePath(u"tests/Panel/PanelStandIn.qml"_qs)));
+        controller->setClock([this] { return now; });
+        controller->setBeep([this] { ++beeps; });
+        beeps = 0;
+    }
+
+    void cleanup()
+    {
+        controller.reset();
+        model.reset();
+    }
+
+    void showPlacesTheWindowAndChoosesTheTab()
+    {
+        prefs->setPickerPosition(PickerPosition::underMenuBarIcon);
+        controller->setTrayIconGeometry([] { return QRect(); }); // the tray does not say
+        controller->show(PickerTab::favorites());
+        QQuickWindow* panel = controller->panel();
+        QVERIFY(panel && panel->isVisible());
+        QCOMPARE(panel->contentItem()->childItems().size(), 1); // the root QML loaded
+        QCOMPARE(panel->title(), u"Pictray"_qs);
+        QCOMPARE(panel->flags() & (Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+                 Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        QCOMPARE(model->tab(), PickerTab::favorites());
+        QCOMPARE(controller->popoverState().arrowX(), 740.0);
+        const QRegion shape = panel->mask();
+        QVERIFY(shape.contains(QPoint(740, 1)) && shape.contains(QPoint(390, 400)));
+        QVERIFY(!shape.contains(QPoint(0, 11)) && !shape.contains(QPoint(700, 2)));
+
+        controller->show(); // re-placed, still the same target to paste into
+        QCOMPARE(fake.remembered, 1);
+        QCOMPARE(model->tab(), PickerTab::favorites());
+
+        controller->hide();
+        prefs->setShowCategoryBar(false);
+        prefs->setPickerPosition(PickerPosition::centered);
+        controller->show();
+        QCOMPARE(model->tab(), PickerTab::all());
+        QCOMPARE(panel->size(), QSize(780, 730)); // no arrow
+        QCOMPARE(fake.remembered, 2);
+    }
+
+    // A panel whose QML does not load is an empty window, not a crash: the
+    // keys and the toggle still work.
+    void brokenPanelQMLLeavesAWorkingController()
+    {
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("picker panel's QML did not load"));
+        controller->setRootUrl(QUrl::fromLocalFile(dir.filePath(u"missing.qml"_qs)));
+        controller->show();
+        QVERIFY(controller->isVisible());
+        QVERIFY(controller->panel()->contentItem()->childItems().isEmpty());
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QVERIFY(controller->handle(escape));
+        QVERIFY(!controller->isVisible());
+        controller->toggle();
+        QVERIFY(controller->isVisible());
+    }
+
+    void keyTable_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("effect"); // empty: not consumed, left to the views
+
+        const Qt::KeyboardModifiers none, ctrl = Qt::ControlModifier, alt = Qt::AltModifier,
+                                          shift = Qt::ShiftModifier, keypad = Qt::KeypadModifier;
+        const auto row = [](const char* name, int key, Qt::KeyboardModifiers modifiers,
+                            const char* effect) {
+            QTest::newRow(name) << key << modifiers << QString::fromLatin1(effect);
+        };
+        row("Return", Qt::Key_Return, none, "copy:jsx");
+        row("keypad Enter", Qt::Key_Enter, keypad, "copy:jsx");
+        row("Shift+Return", Qt::Key_Return, shift, "copy:jsx");
+        row("Ctrl+Return", Qt::Key_Return, ctrl, "menu");
+        row("Left", Qt::Key_Left, none, "move:-1");
+        row("Right", Qt::Key_Right, none, "move:1");
+        row("Down", Qt::Key_Down, none, "move:8");
+        row("Up", Qt::Key_Up, none, "move:-8");
+        row("Shift+Left", Qt::Key_Left, shift, "");
+        row("Ctrl+Right", Qt::Key_Right, ctrl, "");
+        row("Page Down", Qt::Key_PageDown, none, "move:13");
+        row("Alt+Page Up", Qt::Key_PageUp, alt, "move:-10");
+        row("Ctrl+D", Qt::Key_D, ctrl, "favorite");
+        row("Ctrl+Shift+D", Qt::Key_D, ctrl | shift, "");
+        row("Ctrl+1", Qt::Key_1, ctrl, "copy:png1");
+        row("Ctrl+2, 2x switched off", Qt::Key_2, ctrl, "copy:png2");
+        row("Ctrl+3", Qt::Key_3, ctrl, "copy:png3");
+        row("Ctrl+4", Qt::Key_4, ctrl, "");
+        row("Alt+1", Qt::Key_1, alt, "copy:svg");
+        row("Alt+3", Qt::Key_3, alt, "copy:vue");
+        row("Alt+6", Qt::Key_6, alt, "copy:dataURI");
+        row("Alt+7", Qt::Key_7, alt, "");
+        row("Ctrl+Alt+1", Qt::Key_1, ctrl | alt, "");
+        row("Ctrl+,", Qt::Key_Comma, ctrl, "hidden settings:0");
+        row("Ctrl+F", Qt::Key_F, ctrl, "focus");
+        row("Ctrl+L", Qt::Key_L, ctrl, "focus");
+        row("Ctrl+W", Qt::Key_W, ctrl, "hidden");
+        row("Ctrl+Q", Qt::Key_Q, ctrl, "quit");
+        row("Ctrl+Shift+O", Qt::Key_O, ctrl | shift, "style");
+        row("Ctrl+Shift+F", Qt::Key_F, ctrl | shift, "style");
+        row("Ctrl+O", Qt::Key_O, ctrl, "");
+        row("a is typing", Qt::Key_A, none, "");
+    }
+
+    void keyTable()
+    {
+        QFETCH(int, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QString, effect);
+
+        prefs->setPng2x(false);
+        prefs->setPng3x(false);
+        controller->show();
+        model->setSelectedID(model->resultNames().at(10));
+        bool consumed = false;
+        QCOMPARE(effectOf(press(key, modifiers), consumed), effect);
+        QCOMPARE(consumed, !effect.isEmpty());
+        if (FormatMenu* menu = controller->formatMenu())
+            menu->hide();
+    }
+
+    void nothingToCopyBeeps()
+    {
+        controller->show();
+        model->setSelectedID({});
+        model->setTab(PickerTab::favorites()); // none yet: no icon at all
+        bool consumed = false;
+        QCOMPARE(effectOf(press(Qt::Key_Return), consumed), u"beep"_qs);
+        QCOMPARE(effectOf(press(Qt::Key_Return, Qt::ControlModifier), consumed), u"beep"_qs);
+        QCOMPARE(effectOf(press(Qt::Key_2, Qt::ControlModifier), consumed), u"beep"_qs);
+    }
+
+    void escapeClearsThenCloses_data()
+    {
+        QTest::addColumn<int>("afterMs");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("visible");
+        QTest::addColumn<QString>("query");
+
+        QTest::newRow("then on the empty search") << 2000 << "" << false << "";
+        QTest::newRow("typed again, within 0.6 s") << 300 << "b" << false << "b";
+        QTest::newRow("typed again, after 0.6 s") << 700 << "b" << true << "";
+    }
+
+    void escapeClearsThenCloses()
+    {
+        QFETCH(int, afterMs);
+        QFETCH(QString, typed);
+        QFETCH(bool, visible);
+        QFETCH(QString, query);
+
+        controller->show();
+        model->setQuery(u"arr"_qs);
+        QVERIFY(controller->handle(press(Qt::Key_Escape)));
+        QCOMPARE(model->query(), QString());
+        QVERIFY(controller->isVisible());
+
+        now += std::chrono::milliseconds(afterMs);
+        if (!typed.isEmpty())
+            model->setQuery(typed);
+        QVERIFY(controller->handle(press(Qt::Key_Escape)));
+        QCOMPARE(controller->isVisible(), visible);
+        QCOMPARE(model->query(), query);
+    }
+
+    void afterCopy_data()
+    {
+        QTest::addColumn<AfterCopy>("setting");
+        QTest::addColumn<bool>("visible");
+        QTest::addColumn<int>("pastes");
+
+        QTest::newRow("close") << AfterCopy::close << false << 0;
+        QTest::newRow("keep open") << AfterCopy::keepOpen << true << 0;
+        QTest::newRow("close and paste") << AfterCopy::closeAndPaste << false << 1;
+    }
+
+    void afterCopy()
+    {
+        QFETCH(AfterCopy, setting);
+        QFETCH(bool, visible);
+        QFETCH(int, pastes);
+
+        prefs->setAfterCopy(setting);
+        controller->show();
+        QVERIFY(controller->handle(press(Qt::Key_Return)));
+        QCOMPARE(controller->isVisible(), visible);
+        QTest::qWait(300); // the paste follows the copy after a short delay
+        QCOMPARE(fake.pastes, pastes);
+        if (visible) // keep open: the keys keep working
+            QVERIFY(controller->handle(press(Qt::Key_Right)));
+    }
+
+    void keysReachTheFieldUnlessThePanelTakesThem()
+    {
+        controller->show();
+        QQuickWindow* panel = controller->panel();
+        QTRY_VERIFY(panel->isActive());
+        QTest::keyClick(panel, Qt::Key_A);
+        QCOMPARE(model->query(), u"a"_qs);
+        const int index = model->selectedIndex();
+        QTest::keyClick(panel, Qt::Key_Right);
+        QCOMPARE(model->query(), u"a"_qs);
+        QCOMPARE(model->selectedIndex(), index + 1);
+
+        controller->hide(); // and the monitor goes with it
+        QKeyEvent right = press(Qt::Key_Right);
+        QCoreApplication::sendEvent(panel, &right);
+        QCOMPARE(model->selectedIndex(), index + 1);
+    }
+
+    void losingTheKeyboardHidesExceptForTheMenu()
+    {
+        QWindow other;
+        other.resize(50, 50);
+        other.show();
+        controller->show();
+        QQuickWindow* panel = controller->panel();
+        QTRY_VERIFY(panel->isActive());
+        other.requestActivate();
+        QTRY_VERIFY(!controller->isVisible());
+
+        controller->toggle(); // the same click that took the keyboard away
+        QVERIFY(!controller->isVisible());
+        now += 1s;
+        controller->toggle();
+        QVERIFY(controller->isVisible());
+        QTRY_VERIFY(panel->isActive());
+
+        controller->showFormatMenu();
+        QVERIFY(controller->showingMenu());
+        other.requestActivate();
+        QTRY_VERIFY(other.isActive());
+        QVERIFY(controller->isVisible());
+        controller->formatMenu()->hide();
+        QTRY_VERIFY(!controller->showingMenu());
+        QVERIFY(controller->isVisible());
+        QTRY_VERIFY(panel->isActive()); // the panel takes the keyboard back
+    }
+
+    void formatMenu_data()
+    {
+        QTest::addColumn<bool>("png1");
+        QTest::addColumn<bool>("png2");
+        QTest::addColumn<bool>("png3");
+        QTest::addColumn<QStringList>("items");
+
+        const QStringList code{u"#Code"_qs, u"svg"_qs,      u"jsx"_qs,    u"vue"_qs,
+                               u"blade"_qs, u"tailwind"_qs, u"dataURI"_qs};
+        const QStringList end{u"-"_qs, u"Customize Formats…"_qs};
+        QTest::newRow("every size")
+            << true << true << true
+            << code + QStringList{u"-"_qs, u"#Image"_qs, u"png1"_qs, u"png2"_qs, u"png3"_qs} + end;
+        QTest::newRow("2x only") << false << true << false
+                                 << code + QStringList{u"-"_qs, u"#Image"_qs, u"png2"_qs} + end;
+        QTest::newRow("no sizes") << false << false << false << code + end;
+    }
+
+    void formatMenu()
+    {
+        QFETCH(bool, png1);
+        QFETCH(bool, png2);
+        QFETCH(bool, png3);
+        QFETCH(QStringList, items);
+
+        prefs->setPng1x(png1);
+        prefs->setPng2x(png2);
+        prefs->setPng3x(png3);
+        model->setFormat(ExportFormat::vue);
+        controller->show();
+        controller->showFormatMenu();
+        FormatMenu* menu = controller->formatMenu();
+        QVERIFY(menu && menu->isVisible());
+        QCOMPARE(menu->title(), u"Copy as"_qs);
+
+        QStringList seen, checked;
+        for (QAction* action : menu->actions()) {
+            const auto format = fromRawValue<ExportFormat>(action->data().toString());
+            if (action->isSeparator())
+                seen << (action->text().isEmpty() ? u"-"_qs : u"#"_qs + action->text());
+            else if (format)
+                seen << rawValue(*format);
+            else
+                seen << action->text();
+            if (action->isChecked())
+                checked << seen.last();
+            if (format) {
+                QCOMPARE(action->text(), Formats::label(*format, prefs->reactLanguage()));
+                QVERIFY(!action->icon().isNull());
+            }
+        }
+        QCOMPARE(seen, items);
+        QCOMPARE(checked, QStringList{u"vue"_qs});
+        QCOMPARE(menu->actions().at(3)->shortcut(), QKeySequence(Qt::ALT | Qt::Key_3));
+
+        menu->actions().at(1)->trigger(); // SVG
+        QCOMPARE(user->lastCopy()->format, ExportFormat::svg);
+        QSignalSpy settings(controller.get(), &PickerController::settingsRequested);
+        menu->actions().last()->trigger();
+        QCOMPARE(settings.value(0).value(0).toInt(), 1);
+        QVERIFY(!controller->isVisible());
+    }
+
+    void menuIconsShowOnADarkMenu()
+    {
+        // Black template masks would vanish on a dark menu: they take its text colour.
+        const QPalette original = QApplication::palette();
+        QPalette dark = original;
+        dark.setColor(QPalette::Window, Qt::black);
+        dark.setColor(QPalette::Text, Qt::white);
+        QApplication::setPalette(dark);
+        const FormatMenu menu(*prefs, *library, ExportFormat::svg);
+        QApplication::setPalette(original);
+        const QImage image = menu.actions().at(1)->icon().pixmap(15).toImage();
+        int light = 0, darker = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (const QColor pixel = image.pixelColor(x, y); pixel.alpha() > 200)
+                    ++(pixel.lightness() > 200 ? light : darker);
+        QVERIFY(light > 0 && darker == 0);
+    }
+};
+
+QTEST_MAIN(TestPickerController)
+#include "tst_pickercontroller.moc"
