@@ -39,12 +39,12 @@ QStringList modifierTexts(quint64 modifiers, KeyCombo::Rendition rendition, bool
 }
 
 // Keys that type nothing, named the same on every layout.
-constexpr std::array<std::pair<quint32, const char16_t*>, 26> fixedKeyNames{{
-    {36, u"↩"},   {48, u"⇥"},    {49, u"Space"}, {51, u"⌫"},    {53, u"⎋"},   {115, u"↖"},
-    {116, u"⇞"},  {117, u"⌦"},   {119, u"↘"},    {121, u"⇟"},   {122, u"F1"}, {120, u"F2"},
-    {99, u"F3"},  {118, u"F4"},  {96, u"F5"},    {97, u"F6"},   {98, u"F7"},  {100, u"F8"},
-    {101, u"F9"}, {109, u"F10"}, {103, u"F11"},  {111, u"F12"}, {123, u"←"},  {124, u"→"},
-    {125, u"↓"},  {126, u"↑"},
+constexpr std::array<std::pair<quint32, const char16_t*>, 27> fixedKeyNames{{
+    {36, u"↩"},   {76, u"⌤"},   {48, u"⇥"},    {49, u"Space"}, {51, u"⌫"},    {53, u"⎋"},
+    {115, u"↖"},  {116, u"⇞"},  {117, u"⌦"},   {119, u"↘"},    {121, u"⇟"},   {122, u"F1"},
+    {120, u"F2"}, {99, u"F3"},  {118, u"F4"},  {96, u"F5"},    {97, u"F6"},   {98, u"F7"},
+    {100, u"F8"}, {101, u"F9"}, {109, u"F10"}, {103, u"F11"},  {111, u"F12"}, {123, u"←"},
+    {124, u"→"},  {125, u"↓"},  {126, u"↑"},
 }};
 
 std::optional<quint64> wholeNumber(const QJsonValue& value, double limit)

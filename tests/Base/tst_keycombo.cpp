@@ -80,6 +80,11 @@ private slots:
         QTest::newRow("semicolon key") << 41u << u";"_qs << u"Ö"_qs;
         QTest::newRow("minus key upper-cases sharp s") << 27u << u"-"_qs << u"SS"_qs;
         QTest::newRow("dead key shows its accent") << 24u << u"="_qs << u"´"_qs;
+        // Named by what they type with NumLock on, as their caps are printed.
+        QTest::newRow("keypad 1") << 83u << u"1"_qs << u"1"_qs;
+        QTest::newRow("keypad decimal") << 65u << u"."_qs << u","_qs;
+        QTest::newRow("keypad plus") << 69u << u"+"_qs << u"+"_qs;
+        QTest::newRow("keypad enter is fixed") << 76u << u"⌤"_qs << u"⌤"_qs;
         QTest::newRow("F13 types nothing") << 105u << u"?"_qs << u"?"_qs;
         QTest::newRow("no physical key") << 63u << u"?"_qs << u"?"_qs;
         QTest::newRow("beyond 16 bits") << 0x10022u << u"?"_qs << u"?"_qs;

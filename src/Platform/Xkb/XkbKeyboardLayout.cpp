@@ -85,13 +85,37 @@ public:
         const xkb_layout_index_t group = xkb_state_key_get_layout(state.get(), *keycode);
         if (group == XKB_LAYOUT_INVALID)
             return QString();
-        const xkb_keysym_t* syms = nullptr;
-        const int count =
-            xkb_keymap_key_get_syms_by_level(m_keymap.get(), *keycode, group, 0, &syms);
-        return count == 1 ? symbolText(syms[0]) : QString();
+        const xkb_keysym_t unshifted = symAt(*keycode, group, 0);
+        if (const QString text = symbolText(unshifted); !text.isEmpty() || !isKeypad(unshifted))
+            return text;
+        // A keypad key's first level moves the cursor (KP_End); its cap shows
+        // what it types with NumLock on, found on a later level.
+        const xkb_level_index_t levels =
+            xkb_keymap_num_levels_for_key(m_keymap.get(), *keycode, group);
+        for (xkb_level_index_t level = 1; level < levels; ++level) {
+            const xkb_keysym_t sym = symAt(*keycode, group, level);
+            if (const QString text = symbolText(sym); isKeypad(sym) && !text.isEmpty())
+                return text;
+        }
+        return QString();
     }
 
 private:
+    static bool isKeypad(xkb_keysym_t sym)
+    {
+        return sym >= XKB_KEY_KP_Space && sym <= XKB_KEY_KP_Equal;
+    }
+
+    // The one symbol at a level; none when the level has several or none.
+    xkb_keysym_t symAt(xkb_keycode_t keycode, xkb_layout_index_t group,
+                       xkb_level_index_t level) const
+    {
+        const xkb_keysym_t* syms = nullptr;
+        const int count =
+            xkb_keymap_key_get_syms_by_level(m_keymap.get(), keycode, group, level, &syms);
+        return count == 1 ? syms[0] : XKB_KEY_NoSymbol;
+    }
+
     StatePtr currentState() const
     {
         if (m_connection) {
