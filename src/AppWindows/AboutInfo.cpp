@@ -1,12 +1,13 @@
 #include "AboutInfo.h"
 
 #include "Base/AppConfig.h"
+#include "Base/PlatformWords.h"
 #include "Catalog/IconLibrary.h"
 
 #include <QFile>
 
-AboutInfo::AboutInfo(const IconLibrary& library, QObject* parent)
-    : QObject(parent), m_library(library)
+AboutInfo::AboutInfo(const IconLibrary& library, Rendition rendition, QObject* parent)
+    : QObject(parent), m_library(library), m_rendition(rendition)
 {
     connect(&library, &IconLibrary::catalogueChanged, this, &AboutInfo::catalogueVersionChanged);
 }
@@ -19,6 +20,11 @@ QString AboutInfo::version() const
 QString AboutInfo::build() const
 {
     return AppConfig::build();
+}
+
+QString AboutInfo::tagline() const
+{
+    return PlatformWords::text(PlatformWords::Text::tagline, m_rendition);
 }
 
 QString AboutInfo::catalogueVersion() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Base/Rendition.h"
+
 #include <QObject>
 #include <QString>
 #include <QUrl>
@@ -12,6 +14,7 @@ class AboutInfo : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(QString build READ build CONSTANT)
+    Q_PROPERTY(QString tagline READ tagline CONSTANT)
     Q_PROPERTY(QString catalogueVersion READ catalogueVersion NOTIFY catalogueVersionChanged)
     Q_PROPERTY(int iconCount READ iconCount NOTIFY catalogueVersionChanged)
     Q_PROPERTY(QString licenceText READ licenceText CONSTANT)
@@ -20,10 +23,13 @@ class AboutInfo : public QObject {
     Q_PROPERTY(QUrl tablerURL READ tablerURL CONSTANT)
 
 public:
-    explicit AboutInfo(const IconLibrary& library, QObject* parent = nullptr);
+    // Places are named in the rendition's words ("A tray picker ...").
+    explicit AboutInfo(const IconLibrary& library, Rendition rendition = hostRendition(),
+                       QObject* parent = nullptr);
 
     QString version() const;
     QString build() const;
+    QString tagline() const;
     QString catalogueVersion() const;
     int iconCount() const;
     // The MIT License text the Tabler icons come under, built into the program.
@@ -37,4 +43,5 @@ signals:
 
 private:
     const IconLibrary& m_library;
+    Rendition m_rendition;
 };

@@ -48,7 +48,7 @@ Item {
         Label {
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: 6
-            text: "A menu bar picker for the Tabler icon set."
+            text: about.tagline
             color: colors.text
         }
         Label {

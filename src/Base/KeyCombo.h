@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Rendition.h"
+
 #include <QByteArray>
 #include <QMetaType>
 #include <QObject>
@@ -25,16 +27,10 @@ public:
     static constexpr quint64 optionFlag = 0x80000;
     static constexpr quint64 commandFlag = 0x100000;
 
-    // How modifiers are named: the Mac's symbols ("⌃ ⌥ ⇧ ⌘") and words
-    // ("Control Option Shift Command"), or the names of Linux and Windows
+    // Modifiers are named with the Mac's symbols ("⌃ ⌥ ⇧ ⌘") and words
+    // ("Control Option Shift Command"), or with the names of Linux and Windows
     // keyboards ("Ctrl Alt Shift Super", spoken "Control Alt Shift Super").
-    enum class Rendition { mac, pc };
-    Q_ENUM(Rendition)
-#ifdef Q_OS_MACOS
-    static constexpr Rendition platformRendition = Rendition::mac;
-#else
-    static constexpr Rendition platformRendition = Rendition::pc;
-#endif
+    using Rendition = ::Rendition;
 
     quint32 keyCode = 0;
     quint64 modifiers = 0;
@@ -43,10 +39,10 @@ public:
     quint32 carbonModifiers() const;
 
     // One cap per held modifier (Control, Option, Shift, Command), then the key.
-    QStringList keyCaps(Rendition rendition = platformRendition) const;
+    QStringList keyCaps(Rendition rendition = hostRendition()) const;
     QStringList keyCaps(Rendition rendition, const KeyboardLayout* layout) const;
     // The modifier words and the key's name, joined by spaces.
-    QString spoken(Rendition rendition = platformRendition) const;
+    QString spoken(Rendition rendition = hostRendition()) const;
     QString spoken(Rendition rendition, const KeyboardLayout* layout) const;
 
     // Fixed names for the keys that type nothing (Return "↩", F1, arrows, ...),

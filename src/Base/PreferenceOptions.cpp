@@ -1,12 +1,14 @@
 #include "PreferenceOptions.h"
 
+#include "PlatformWords.h"
+
 namespace PreferenceLabels {
 
-QString label(PickerPosition position)
+QString label(PickerPosition position, Rendition rendition)
 {
     switch (position) {
     case PickerPosition::underMenuBarIcon:
-        return QStringLiteral("Under the menu bar icon");
+        return PlatformWords::text(PlatformWords::Text::underTrayIcon, rendition);
     case PickerPosition::centered:
         return QStringLiteral("Centered on screen");
     case PickerPosition::mouse:

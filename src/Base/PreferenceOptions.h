@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RawValue.h"
+#include "Rendition.h"
 
 #include <QString>
 
@@ -26,7 +27,8 @@ template <> struct RawValues<AppearanceMode> {
 
 namespace PreferenceLabels {
 
-QString label(PickerPosition position);
+// "Under the menu bar icon" names the tray in the rendition's words.
+QString label(PickerPosition position, Rendition rendition);
 QString label(AfterCopy afterCopy);
 QString label(AppearanceMode mode);
 

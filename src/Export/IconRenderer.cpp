@@ -17,15 +17,14 @@ namespace {
 // allocating gigabytes.
 constexpr double maximumSide = 16384;
 
-// Pixels per inch of a 1x image on this desktop. Apps that size pasted images
+// Pixels per inch of a 1x image on the desktop. Apps that size pasted images
 // by their resolution (office suites, page layout, macOS Preview) then show an
 // @2x or @3x PNG at its point size instead of two or three times as large, and
 // apps that ignore it still see the full pixel size.
-#ifdef Q_OS_MACOS
-constexpr double pixelsPerInchAt1x = 72;
-#else
-constexpr double pixelsPerInchAt1x = 96;
-#endif
+double pixelsPerInchAt1x(Rendition rendition)
+{
+    return rendition == Rendition::mac ? 72 : 96;
+}
 constexpr double inchesPerMetre = 1 / 0.0254;
 
 // How far, in pixels, the stroke's offset curves may stray from the true
@@ -83,8 +82,8 @@ QImage IconRenderer::bitmap(const IconLibrary& library, const Icon& icon, const 
         painter.fillPath(shape, options.color);
     }
     image.setDevicePixelRatio(options.scale);
-    const int dotsPerMetre =
-        qRound(std::min(pixelsPerInchAt1x * options.scale * inchesPerMetre, 1e9));
+    const int dotsPerMetre = qRound(
+        std::min(pixelsPerInchAt1x(options.rendition) * options.scale * inchesPerMetre, 1e9));
     image.setDotsPerMeterX(dotsPerMetre);
     image.setDotsPerMeterY(dotsPerMetre);
     return image;

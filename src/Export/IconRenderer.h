@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Base/Rendition.h"
 #include "Catalog/Icon.h"
 
 #include <QByteArray>
@@ -21,9 +22,10 @@ struct IconRenderer {
         double pointSize = 24; // icon edge in points, without padding
         double stroke = 2;     // in icon units (the 24-unit grid): it scales with the icon
         QColor color = Qt::black;
-        double scale = 1;                 // pixels per point
-        std::optional<QColor> background; // none: transparent
-        double padding = 0;               // empty margin on every side, in points
+        double scale = 1;                      // pixels per point
+        std::optional<QColor> background;      // none: transparent
+        double padding = 0;                    // empty margin on every side, in points
+        Rendition rendition = hostRendition(); // the desktop's resolution for a 1x image
     };
 
     // An n x n image with n = round(scale x (pointSize + 2 x padding)) and

@@ -1,9 +1,9 @@
+#include "AppWindows/AboutInfo.h"
+#include "AppWindows/WindowManager.h"
 #include "Catalog/IconLibrary.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 #include "TestData.h"
-#include "AppWindows/AboutInfo.h"
-#include "AppWindows/WindowManager.h"
 
 #include <QApplication>
 #include <QQuickItem>
@@ -114,7 +114,7 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::newRow("name") << "Pictray";
         QTest::newRow("version") << "Version " PICTRAY_VERSION " (1)";
-        QTest::newRow("tagline") << "A menu bar picker for the Tabler icon set.";
+        QTest::newRow("tagline") << "A tray picker for the Tabler icon set."; // Linux words
         QTest::newRow("catalogue") << "Tabler Icons " + library->version();
         QTest::newRow("credit") << "Icons from <a href=\"https://tabler.io/icons\">Tabler Icons</a>"
                                    " by Paweł Kuna and contributors, under the MIT License.";

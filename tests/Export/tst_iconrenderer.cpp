@@ -100,7 +100,9 @@ private slots:
         QCOMPARE(image.pixel(0, 0), qRgb(255, 255, 255));
         QCOMPARE(image.pixel(32, 32), qRgb(255, 0, 0));
 
-        const QImage clear = render("bar", options(outline, 24, 0, 2));
+        IconRenderer::Options onPC = options(outline, 24, 0, 2);
+        onPC.rendition = Rendition::pc;
+        const QImage clear = render("bar", onPC);
         for (int y = 0; y < 48; ++y) { // nothing outside the bar's four rows
             for (int x = 0; x < 48 && (y < 22 || y > 25); ++x)
                 QCOMPARE(qAlpha(clear.pixel(x, y)), 0);
@@ -109,6 +111,10 @@ private slots:
         QCOMPARE(decoded.dotsPerMeterX(), qRound(2 * 96 / 0.0254)); // 2x the 1x resolution
         decoded.setDevicePixelRatio(2);
         QCOMPARE(decoded.convertToFormat(clear.format()), clear);
+
+        IconRenderer::Options onMac = onPC;
+        onMac.rendition = Rendition::mac; // a Mac's 1x image has 72 pixels per inch
+        QCOMPARE(render("bar", onMac).dotsPerMeterX(), qRound(2 * 72 / 0.0254));
     }
 
     void templateImage()
