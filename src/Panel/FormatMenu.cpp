@@ -1,6 +1,7 @@
 #include "FormatMenu.h"
 
 #include "Export/IconRenderer.h"
+#include "PanelKeys.h"
 #include "State/Preferences.h"
 
 #include <QPainter>
@@ -43,33 +44,28 @@ QIcon tinted(const QIcon& mask, const QPalette& palette)
 } // namespace
 
 FormatMenu::FormatMenu(const Preferences& prefs, const IconLibrary& library, ExportFormat current,
-                       QWidget* parent)
+                       Rendition rendition, QWidget* parent)
     : QMenu(QStringLiteral("Copy as"), parent)
 {
     addSection(QStringLiteral("Code"));
     for (const ExportFormat format : Formats::codeFormats())
-        addFormat(format, prefs, library, current);
+        addFormat(format, prefs, library, current, rendition);
     if (const QList<ExportFormat> images = prefs.enabledPNGFormats(); !images.isEmpty()) {
         addSeparator();
         addSection(QStringLiteral("Image"));
         for (const ExportFormat format : images)
-            addFormat(format, prefs, library, current);
+            addFormat(format, prefs, library, current, rendition);
     }
     addSeparator();
     addAction(QStringLiteral("Customize Formats…"), this, &FormatMenu::customizeRequested);
 }
 
-QKeySequence FormatMenu::shortcutFor(ExportFormat format)
+QKeySequence FormatMenu::shortcutFor(ExportFormat format, Rendition rendition)
 {
     if (const std::optional<int> scale = Formats::pngScale(format))
         return QKeySequence(Qt::ControlModifier | Qt::Key(Qt::Key_0 + *scale));
     const auto index = static_cast<int>(Formats::codeFormats().indexOf(format));
-#ifdef Q_OS_MACOS
-    const Qt::Modifier secondary = Qt::META;
-#else
-    const Qt::Modifier secondary = Qt::ALT;
-#endif
-    return QKeySequence(secondary | Qt::Key(Qt::Key_1 + index));
+    return QKeySequence(PanelKeys::secondaryModifier(rendition) | Qt::Key(Qt::Key_1 + index));
 }
 
 QString FormatMenu::iconNameFor(ExportFormat format)
@@ -96,7 +92,7 @@ QString FormatMenu::iconNameFor(ExportFormat format)
 }
 
 void FormatMenu::addFormat(ExportFormat format, const Preferences& prefs,
-                           const IconLibrary& library, ExportFormat current)
+                           const IconLibrary& library, ExportFormat current, Rendition rendition)
 {
     QAction* action = addAction(Formats::label(format, prefs.reactLanguage()));
     action->setData(rawValue(format));
@@ -104,7 +100,7 @@ void FormatMenu::addFormat(ExportFormat format, const Preferences& prefs,
     action->setChecked(format == current);
     // Shown with the platform's words; pressed while the menu is open it
     // does what the hint says.
-    action->setShortcut(shortcutFor(format));
+    action->setShortcut(shortcutFor(format, rendition));
     action->setShortcutVisibleInContextMenu(true);
     action->setIcon(
         tinted(IconRenderer::templateImage(library, iconNameFor(format), iconSize, iconStroke),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Base/ExportFormat.h"
+#include "Base/Rendition.h"
 
 #include <QKeySequence>
 #include <QMenu>
@@ -17,10 +18,11 @@ class FormatMenu : public QMenu {
 
 public:
     FormatMenu(const Preferences& prefs, const IconLibrary& library, ExportFormat current,
-               QWidget* parent = nullptr);
+               Rendition rendition, QWidget* parent = nullptr);
 
-    // The panel's shortcut for the format: Alt+1…6 for code, Ctrl+1…3 for PNG.
-    static QKeySequence shortcutFor(ExportFormat format);
+    // The panel's shortcut for the format: Alt+1…6 for code (Control on a
+    // Mac), Ctrl+1…3 for PNG.
+    static QKeySequence shortcutFor(ExportFormat format, Rendition rendition);
     // The catalogue icon that stands for the format.
     static QString iconNameFor(ExportFormat format);
 
@@ -30,5 +32,5 @@ signals:
 
 private:
     void addFormat(ExportFormat format, const Preferences& prefs, const IconLibrary& library,
-                   ExportFormat current);
+                   ExportFormat current, Rendition rendition);
 };

@@ -1,7 +1,10 @@
 #include "PanelKeys.h"
 
-#include <QGuiApplication>
+#include "Base/KeyboardLayout.h"
+
 #include <QKeyEvent>
+#include <algorithm>
+#include <array>
 
 namespace {
 
@@ -10,32 +13,26 @@ using Kind = PanelKeyAction::Kind;
 constexpr Qt::KeyboardModifiers countedModifiers =
     Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 constexpr Qt::KeyboardModifiers primary = Qt::ControlModifier;
-#ifdef Q_OS_MACOS
-constexpr Qt::KeyboardModifiers secondary = Qt::MetaModifier; // Control on a Mac
-#else
-constexpr Qt::KeyboardModifiers secondary = Qt::AltModifier;
-#endif
 
-// X11 key codes of the digit row 1…9, 0 under the evdev driver.
-constexpr quint32 firstDigitRowKeycode = 10;
-constexpr quint32 lastDigitRowKeycode = 19;
+// The digit row's virtual key codes, for 0 to 9.
+constexpr std::array<quint32, 10> digitRowKeys{29, 18, 19, 20, 21, 23, 22, 26, 28, 25};
 
 // The key's character without Shift, lower case; null for other keys. With
-// Ctrl held, Qt already reports the Latin letter of a non-Latin layout; the
-// digits of layouts that type them with Shift (AZERTY) come from the
-// physical digit row.
-QChar typedKey(const QKeyEvent& event)
+// Ctrl held, Qt already reports the Latin letter of a non-Latin layout.
+QChar typedKey(const QKeyEvent& event, const KeyboardLayout* layout)
 {
     const int key = event.key();
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9) ||
         key == Qt::Key_Comma)
         return QChar(key).toLower();
-    if (QGuiApplication::platformName() == u"xcb") {
-        const quint32 code = event.nativeScanCode();
-        if (code >= firstDigitRowKeycode && code <= lastDigitRowKeycode)
-            return QChar(u'0' + static_cast<char16_t>((code - firstDigitRowKeycode + 1) % 10));
-    }
-    return {};
+    const std::optional<quint32> code =
+        layout ? layout->virtualKeyCode(event.nativeScanCode()) : std::nullopt;
+    if (!code)
+        return {};
+    const auto digit = std::find(digitRowKeys.begin(), digitRowKeys.end(), *code);
+    if (digit == digitRowKeys.end())
+        return {};
+    return QChar(u'0' + static_cast<char16_t>(digit - digitRowKeys.begin()));
 }
 
 PanelKeyAction act(Kind kind)
@@ -57,7 +54,12 @@ PanelKeyAction moveBy(int dx, int dy)
 
 namespace PanelKeys {
 
-PanelKeyAction actionFor(const QKeyEvent& event)
+Qt::KeyboardModifier secondaryModifier(Rendition rendition)
+{
+    return rendition == Rendition::mac ? Qt::MetaModifier : Qt::AltModifier;
+}
+
+PanelKeyAction actionFor(const QKeyEvent& event, Rendition rendition, const KeyboardLayout* layout)
 {
     const Qt::KeyboardModifiers modifiers = event.modifiers() & countedModifiers;
     switch (event.key()) {
@@ -89,7 +91,7 @@ PanelKeyAction actionFor(const QKeyEvent& event)
         break;
     }
 
-    const QChar typed = typedKey(event);
+    const QChar typed = typedKey(event, layout);
     if (typed.isNull())
         return {};
     if (modifiers == primary) {
@@ -115,7 +117,7 @@ PanelKeyAction actionFor(const QKeyEvent& event)
             return {};
         }
     }
-    if (modifiers == secondary && typed >= u'1' && typed <= u'6')
+    if (modifiers == secondaryModifier(rendition) && typed >= u'1' && typed <= u'6')
         return copyAs(Formats::codeFormats().at(typed.unicode() - u'1'));
     if (modifiers == (primary | Qt::ShiftModifier) && (typed == u'o' || typed == u'f'))
         return act(Kind::toggleStyle);

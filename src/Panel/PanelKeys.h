@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Base/ExportFormat.h"
+#include "Base/Rendition.h"
 
 #include <QPoint>
 #include <optional>
 
+class KeyboardLayout;
 class QKeyEvent;
 
 // What a key press in the picker panel asks for. The panel's own keys are
@@ -33,9 +35,14 @@ struct PanelKeyAction {
 namespace PanelKeys {
 
 // Letters and digits count by the character the key types without
-// modifiers, so they work on any layout; arrows, Return, Enter, Escape and
-// the page keys by their key. "Exactly Ctrl" ignores keypad and group
-// modifiers; Alt stands where a Mac has Control.
-PanelKeyAction actionFor(const QKeyEvent& event);
+// modifiers, so they work on any layout; digits that a layout types with
+// Shift (AZERTY) by their place on the digit row, which the layout tells
+// from the event's scan code. Arrows, Return, Enter, Escape and the page keys
+// count by their key. "Exactly Ctrl" ignores keypad and group modifiers.
+PanelKeyAction actionFor(const QKeyEvent& event, Rendition rendition, const KeyboardLayout* layout);
+
+// The second shortcut modifier, drawn "⌃": Control on a Mac, Alt elsewhere
+// (Qt calls the Mac's Command key Control).
+Qt::KeyboardModifier secondaryModifier(Rendition rendition);
 
 } // namespace PanelKeys

@@ -8,8 +8,11 @@
 namespace PanelPlacement {
 
 Placement place(PickerPosition position, std::optional<QRect> available, QPoint cursor,
-                const QRect& trayIcon)
+                const QRect& reportedTrayIcon, const WindowingSession& session)
 {
+    if (!session.placesWindows)
+        position = PickerPosition::centered;
+    const QRect trayIcon = session.trayReportsGeometry ? reportedTrayIcon : QRect();
     // Edges as coordinates (QRect's right() and bottom() are the last pixel).
     const QRectF area(available.value_or(fallbackArea));
     const double half = panelWidth / 2.0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Base/PreferenceOptions.h"
+#include "Platform/WindowingSession.h"
 
 #include <QPoint>
 #include <QRect>
@@ -42,9 +43,11 @@ struct Placement {
 };
 
 // `available` is the free area of the screen under the pointer (none: no
-// screen at all); `trayIcon` is empty when the tray does not report it.
+// screen at all); `trayIcon` is empty when the tray does not report it. A
+// session whose compositor places windows gets the centred panel whatever
+// the setting says.
 Placement place(PickerPosition position, std::optional<QRect> available, QPoint cursor,
-                const QRect& trayIcon);
+                const QRect& trayIcon, const WindowingSession& session);
 
 // The free area of the screen under the pointer, else the primary screen's;
 // none without screens.

@@ -1,5 +1,6 @@
 #include "PickerController.h"
 
+#include "Base/KeyboardLayout.h"
 #include "Export/CopyService.h"
 #include "Export/RenderOptions.h"
 #include "FormatMenu.h"
@@ -128,9 +129,14 @@ void PickerController::place()
     const QPoint cursor = QCursor::pos();
     const PanelPlacement::Placement placement =
         PanelPlacement::place(m_prefs.pickerPosition(), PanelPlacement::availableAreaAt(cursor),
-                              cursor, m_trayIcon ? m_trayIcon() : QRect());
+                              cursor, m_trayIcon ? m_trayIcon() : QRect(), m_session);
     m_popover.setArrowX(placement.arrowX.value_or(-1));
     m_popover.setArrowDown(placement.arrowDown);
+    if (!m_session.placesWindows) {
+        // One fixed size makes tiling compositors float the panel.
+        m_panel->setMinimumSize(placement.frame.size());
+        m_panel->setMaximumSize(placement.frame.size());
+    }
     m_panel->setGeometry(placement.frame);
     m_panel->shape(placement.arrowX, placement.arrowDown);
 }
@@ -145,7 +151,8 @@ bool PickerController::eventFilter(QObject* watched, QEvent* event)
 bool PickerController::handle(const QKeyEvent& event)
 {
     using Kind = PanelKeyAction::Kind;
-    const PanelKeyAction action = PanelKeys::actionFor(event);
+    const PanelKeyAction action =
+        PanelKeys::actionFor(event, m_rendition, KeyboardLayout::current().get());
     switch (action.kind) {
     case Kind::none:
         return false;
@@ -241,7 +248,7 @@ void PickerController::showFormatMenu()
     }
     if (!m_panel || m_menu)
         return;
-    m_menu = new FormatMenu(m_prefs, *m_model.library(), m_model.format());
+    m_menu = new FormatMenu(m_prefs, *m_model.library(), m_model.format(), m_rendition);
     FormatMenu* menu = m_menu;
     connect(menu, &FormatMenu::formatChosen, this,
             [this](ExportFormat format) { m_model.copy(format); });

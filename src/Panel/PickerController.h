@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Base/Rendition.h"
 #include "Picker/PickerTab.h"
+#include "Platform/WindowingSession.h"
 #include "PopoverState.h"
 #include "Ui/Kit/Appearance.h"
 
@@ -63,6 +65,11 @@ public:
     // tray does not report it.
     void setTrayIconGeometry(std::function<QRect()> provider);
 
+    // What the session allows the panel's placement (until told: all of
+    // X11's), and the words its keys and menu use.
+    void setSession(const WindowingSession& session) { m_session = session; }
+    void setRendition(Rendition rendition) { m_rendition = rendition; }
+
     // Opens (or re-places) the panel, on `tab` when given.
     void show(std::optional<PickerTab> tab = std::nullopt);
     // Orders the panel out; it is kept for the next opening.
@@ -123,6 +130,8 @@ private:
     QUrl m_rootUrl = defaultRootUrl();
     std::function<void(QQmlEngine&)> m_engineSetup;
     std::function<QRect()> m_trayIcon;
+    WindowingSession m_session = WindowingSession::x11();
+    Rendition m_rendition = hostRendition();
     PopoverState m_popover;
     Appearance m_appearance;
     std::unique_ptr<PanelWindow> m_panel;

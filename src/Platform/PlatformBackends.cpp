@@ -27,6 +27,7 @@ PlatformBackends forX11()
     backends.keyboardLayout = XkbKeyboardLayout::fromX11Server(x11Connection());
     if (!backends.keyboardLayout)
         backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
+    backends.session = WindowingSession::x11();
     return backends;
 }
 
@@ -51,5 +52,6 @@ PlatformBackends PlatformBackends::null()
     PlatformBackends backends;
     backends.hotKeys = std::make_unique<NullHotKeyBackend>();
     backends.paster = std::make_unique<NullPaster>();
+    backends.session = WindowingSession::compositorPlaced();
     return backends;
 }

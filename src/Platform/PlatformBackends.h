@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WindowingSession.h"
+
 #include <QString>
 #include <memory>
 
@@ -13,14 +15,16 @@ struct PlatformBackends {
     std::unique_ptr<HotKeyBackend> hotKeys;
     std::unique_ptr<Paster> paster;
     std::shared_ptr<const KeyboardLayout> keyboardLayout;
+    WindowingSession session;
 
     PlatformBackends();
     PlatformBackends(PlatformBackends&&) noexcept;
     PlatformBackends& operator=(PlatformBackends&&) noexcept;
     ~PlatformBackends();
 
-    // "xcb": X11 grabs, XTest paste and the server's keyboard layout. Any
-    // other platform: no global grabs, no paste, the environment's keymap.
+    // "xcb": X11 grabs, XTest paste, the server's keyboard layout, a panel
+    // placed by the program under the tray icon. Any other platform: no
+    // global grabs, no paste, the environment's keymap, a centred panel.
     static PlatformBackends forPlatform(const QString& platformName);
     // Null backends that do nothing: for tests.
     static PlatformBackends null();

@@ -9,6 +9,7 @@ using Area = std::optional<QRect>;
 
 Q_DECLARE_METATYPE(PickerPosition)
 Q_DECLARE_METATYPE(Area)
+Q_DECLARE_METATYPE(WindowingSession)
 
 class TestPanelPlacement : public QObject {
     Q_OBJECT
@@ -23,6 +24,7 @@ private slots:
         QTest::addColumn<QRect>("frame");
         QTest::addColumn<double>("arrowX"); // -1: none
         QTest::addColumn<bool>("arrowDown");
+        QTest::addColumn<WindowingSession>("session");
 
         const auto under = PickerPosition::underMenuBarIcon, centred = PickerPosition::centered,
                    mouse = PickerPosition::mouse;
@@ -30,8 +32,10 @@ private slots:
                    bottomBar = QRect(0, 0, 1920, 1040), shortScreen = QRect(0, 0, 1440, 600);
         const QPoint anywhere(900, 500);
         const auto row = [](const char* name, PickerPosition position, Area area, QPoint cursor,
-                            QRect tray, QRect frame, double arrowX = -1, bool down = false) {
-            QTest::newRow(name) << position << area << cursor << tray << frame << arrowX << down;
+                            QRect tray, QRect frame, double arrowX = -1, bool down = false,
+                            WindowingSession session = WindowingSession::x11()) {
+            QTest::newRow(name) << position << area << cursor << tray << frame << arrowX << down
+                                << session;
         };
 
         // Under the tray icon: x and y by the icon, the arrow pointing at it.
@@ -62,6 +66,15 @@ private slots:
             {-88, 112, 780, 730});
         row("short screen: top margin wins", mouse, shortScreen, {700, 100}, {},
             {310, 4, 780, 730});
+        // Where the compositor places windows, every setting opens the
+        // centred panel, and a tray that cannot tell is not believed.
+        const auto compositor = WindowingSession::compositorPlaced();
+        row("compositor: under the icon", under, topBar, anywhere, {1000, 0, 24, 24},
+            {570, 103, 780, 730}, -1, false, compositor);
+        row("compositor: at the pointer", mouse, topBar, {900, 200}, {}, {570, 103, 780, 730}, -1,
+            false, compositor);
+        row("tray without a frame", under, topBar, anywhere, {1000, 0, 24, 24},
+            {1128, 28, 780, 741}, 740, false, WindowingSession{true, false});
     }
 
     void place()
@@ -73,8 +86,9 @@ private slots:
         QFETCH(QRect, frame);
         QFETCH(double, arrowX);
         QFETCH(bool, arrowDown);
+        QFETCH(WindowingSession, session);
 
-        const Placement placement = PanelPlacement::place(position, area, cursor, tray);
+        const Placement placement = PanelPlacement::place(position, area, cursor, tray, session);
         QCOMPARE(placement.frame, frame);
         QCOMPARE(placement.arrowX.value_or(-1), arrowX);
         QCOMPARE(placement.arrowDown, arrowDown);

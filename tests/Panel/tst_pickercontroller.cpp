@@ -436,7 +436,7 @@ private slots:
         dark.setColor(QPalette::Window, Qt::black);
         dark.setColor(QPalette::Text, Qt::white);
         QApplication::setPalette(dark);
-        const FormatMenu menu(*prefs, *library, ExportFormat::svg);
+        const FormatMenu menu(*prefs, *library, ExportFormat::svg, Rendition::pc);
         QApplication::setPalette(original);
         const QImage image = menu.actions().at(1)->icon().pixmap(15).toImage();
         int light = 0, darker = 0;

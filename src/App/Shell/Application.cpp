@@ -58,6 +58,8 @@ void Application::start()
     m_model = std::make_unique<PickerModel>(*m_library, *m_user, *m_prefs, m_copy.get());
     m_picker = std::make_unique<PickerController>(*m_model, *m_prefs, *m_user, *m_copy,
                                                   *m_platform.paster);
+    m_picker->setSession(m_platform.session);
+    m_picker->setRendition(hostRendition());
     m_picker->setEngineSetup(
         [this](QQmlEngine& engine) { registerPictrayQml(engine, *m_library); });
     connect(m_picker.get(), &PickerController::settingsRequested, this,

@@ -100,7 +100,17 @@ public:
         return QString();
     }
 
+    // Qt's key events on X11 and Wayland carry the xkb keycode.
+    std::optional<quint32> virtualKeyCode(quint32 nativeScanCode) const override
+    {
+        if (nativeScanCode < evdevOffset)
+            return std::nullopt;
+        return VirtualKeys::virtualKeyCode(nativeScanCode - evdevOffset);
+    }
+
 private:
+    static constexpr quint32 evdevOffset = 8;
+
     static bool isKeypad(xkb_keysym_t sym)
     {
         return sym >= XKB_KEY_KP_Space && sym <= XKB_KEY_KP_Equal;
