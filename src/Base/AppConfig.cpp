@@ -16,6 +16,11 @@ QString version()
     return QStringLiteral(PICTRAY_VERSION);
 }
 
+QString applicationId()
+{
+    return QStringLiteral("app.pictray.Pictray");
+}
+
 QString build()
 {
 #ifdef PICTRAY_BUILD

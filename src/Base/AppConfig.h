@@ -9,6 +9,10 @@ QString version();
 // The build number shown beside the version: PICTRAY_BUILD at compile time, "1" without it.
 QString build();
 
+// "app.pictray.Pictray": the desktop file, the autostart entry and every
+// other place the desktop knows the program by.
+QString applicationId();
+
 // The links the windows show. The hosts are deployment settings.
 QUrl websiteURL();
 QUrl supportURL(); // a mailto: address

@@ -1,9 +1,11 @@
 #include "PlatformBackends.h"
 
 #include "Null/NullHotKeyBackend.h"
+#include "Null/NullLoginItem.h"
 #include "Null/NullPaster.h"
 #include "X11/X11HotKeyBackend.h"
 #include "X11/X11Paster.h"
+#include "Xdg/XdgAutostartLoginItem.h"
 #include "Xkb/XkbKeyboardLayout.h"
 
 #include <QGuiApplication>
@@ -28,6 +30,7 @@ PlatformBackends forX11()
     if (!backends.keyboardLayout)
         backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
     backends.session = WindowingSession::x11();
+    backends.loginItem = std::make_unique<XdgAutostartLoginItem>();
     return backends;
 }
 
@@ -44,6 +47,8 @@ PlatformBackends PlatformBackends::forPlatform(const QString& platformName)
         return forX11();
     PlatformBackends backends = null();
     backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
+    if (platformName.startsWith(u"wayland")) // its desktops read XDG autostart entries too
+        backends.loginItem = std::make_unique<XdgAutostartLoginItem>();
     return backends;
 }
 
@@ -53,5 +58,6 @@ PlatformBackends PlatformBackends::null()
     backends.hotKeys = std::make_unique<NullHotKeyBackend>();
     backends.paster = std::make_unique<NullPaster>();
     backends.session = WindowingSession::compositorPlaced();
+    backends.loginItem = std::make_unique<NullLoginItem>();
     return backends;
 }

@@ -7,6 +7,7 @@
 
 class HotKeyBackend;
 class KeyboardLayout;
+class LoginItem;
 class Paster;
 
 // The platform's side of every concern that differs between windowing
@@ -15,6 +16,7 @@ struct PlatformBackends {
     std::unique_ptr<HotKeyBackend> hotKeys;
     std::unique_ptr<Paster> paster;
     std::shared_ptr<const KeyboardLayout> keyboardLayout;
+    std::unique_ptr<LoginItem> loginItem;
     WindowingSession session;
 
     PlatformBackends();
@@ -25,6 +27,7 @@ struct PlatformBackends {
     // "xcb": X11 grabs, XTest paste, the server's keyboard layout, a panel
     // placed by the program under the tray icon. Any other platform: no
     // global grabs, no paste, the environment's keymap, a centred panel.
+    // X11 and Wayland sessions start programs from XDG autostart entries.
     static PlatformBackends forPlatform(const QString& platformName);
     // Null backends that do nothing: for tests.
     static PlatformBackends null();

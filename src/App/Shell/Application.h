@@ -46,6 +46,8 @@ public:
     Preferences& preferences() { return *m_prefs; }
     WindowManager& windowManager() { return *m_windows; }
     StatusItemController& statusItem() { return *m_status; }
+    // Starting at login, as this desktop does it.
+    LoginItem& loginItem() { return *m_platform.loginItem; }
 
 private:
     void subscribeToSettings();

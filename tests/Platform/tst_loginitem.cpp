@@ -1,12 +1,14 @@
-#include "Platform/LaunchAtLogin.h"
+#include "Platform/Null/NullLoginItem.h"
+#include "Platform/Xdg/XdgAutostartLoginItem.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
-class TestLaunchAtLogin : public QObject {
+class TestLoginItem : public QObject {
     Q_OBJECT
 
     QTemporaryDir config;
+    XdgAutostartLoginItem autostart;
 
 private slots:
     void initTestCase() { qputenv("XDG_CONFIG_HOME", config.path().toUtf8()); }
@@ -25,17 +27,18 @@ private slots:
     {
         QFETCH(QString, executable);
         QFETCH(QString, exec);
-        QCOMPARE(LaunchAtLogin::entryPath(), config.filePath("autostart/pictray.desktop"));
-        QVERIFY(LaunchAtLogin::set(true, executable));
-        QVERIFY(LaunchAtLogin::isEnabled());
-        QFile file(LaunchAtLogin::entryPath());
+        QCOMPARE(XdgAutostartLoginItem::entryPath(),
+                 config.filePath("autostart/app.pictray.Pictray.desktop"));
+        QVERIFY(autostart.setEnabled(true, executable));
+        QVERIFY(autostart.isEnabled());
+        QFile file(XdgAutostartLoginItem::entryPath());
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
         QCOMPARE(lines.first(), QString("[Desktop Entry]"));
         QVERIFY2(lines.contains(exec), qPrintable(lines.join(" | ")));
-        QVERIFY(LaunchAtLogin::set(false, executable));
-        QVERIFY(!LaunchAtLogin::isEnabled());
-        QVERIFY(LaunchAtLogin::set(false, executable)); // already off
+        QVERIFY(autostart.setEnabled(false, executable));
+        QVERIFY(!autostart.isEnabled());
+        QVERIFY(autostart.setEnabled(false, executable)); // already off
     }
 
     void failureIsLogged()
@@ -47,11 +50,21 @@ private slots:
         blocker.close();
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression("^Pictray: launch at login change failed: "));
-        QVERIFY(!LaunchAtLogin::set(true, "/usr/bin/pictray"));
-        QVERIFY(!LaunchAtLogin::isEnabled());
+        QVERIFY(!autostart.setEnabled(true, "/usr/bin/pictray"));
+        QVERIFY(!autostart.isEnabled());
         blocker.remove();
+    }
+
+    void nullItemStaysOff()
+    {
+        NullLoginItem none;
+        QVERIFY(!none.isAvailable());
+        QVERIFY(!none.setEnabled(true, "/usr/bin/pictray"));
+        QVERIFY(none.setEnabled(false, "/usr/bin/pictray"));
+        QVERIFY(!none.isEnabled());
+        QVERIFY(!QFile::exists(XdgAutostartLoginItem::entryPath()));
     }
 };
 
-QTEST_GUILESS_MAIN(TestLaunchAtLogin)
-#include "tst_launchatlogin.moc"
+QTEST_GUILESS_MAIN(TestLoginItem)
+#include "tst_loginitem.moc"

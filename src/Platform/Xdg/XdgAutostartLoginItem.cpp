@@ -1,11 +1,12 @@
-#include "LaunchAtLogin.h"
+#include "XdgAutostartLoginItem.h"
+
+#include "Base/AppConfig.h"
 
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <QStandardPaths>
 
-namespace LaunchAtLogin {
 namespace {
 
 bool fail(const QString& reason)
@@ -27,18 +28,18 @@ QString quotedExec(const QString& path)
 
 } // namespace
 
-QString entryPath()
+QString XdgAutostartLoginItem::entryPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/autostart/pictray.desktop");
+           QStringLiteral("/autostart/") + AppConfig::applicationId() + QStringLiteral(".desktop");
 }
 
-bool isEnabled()
+bool XdgAutostartLoginItem::isEnabled() const
 {
     return QFile::exists(entryPath());
 }
 
-bool set(bool enabled, const QString& executable)
+bool XdgAutostartLoginItem::setEnabled(bool enabled, const QString& executable)
 {
     const QString path = entryPath();
     if (!enabled) {
@@ -64,5 +65,3 @@ bool set(bool enabled, const QString& executable)
         return fail(file.errorString());
     return true;
 }
-
-} // namespace LaunchAtLogin
