@@ -5,18 +5,11 @@
 #include "Null/NullPaster.h"
 #include "X11/X11HotKeyBackend.h"
 #include "X11/X11Paster.h"
+#include "X11/Xcb.h"
 #include "Xdg/XdgAutostartLoginItem.h"
 #include "Xkb/XkbKeyboardLayout.h"
 
-#include <QGuiApplication>
-
 namespace {
-
-xcb_connection_t* x11Connection()
-{
-    auto* x11 = qGuiApp ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    return x11 ? x11->connection() : nullptr;
-}
 
 PlatformBackends forX11()
 {
@@ -26,7 +19,7 @@ PlatformBackends forX11()
     else
         backends.hotKeys = std::make_unique<NullHotKeyBackend>();
     backends.paster = std::make_unique<X11Paster>();
-    backends.keyboardLayout = XkbKeyboardLayout::fromX11Server(x11Connection());
+    backends.keyboardLayout = XkbKeyboardLayout::fromX11Server(Xcb::qtConnection());
     if (!backends.keyboardLayout)
         backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
     backends.session = WindowingSession::x11();

@@ -1,13 +1,11 @@
 #include "X11HotKeyBackend.h"
 
 #include "Base/VirtualKeys.h"
+#include "Xcb.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <xcb/xcb.h>
 
 namespace {
 
@@ -15,16 +13,6 @@ constexpr xcb_keysym_t numLockKeysym = 0xff7f;
 // XKB event kinds (the byte after the event code) that announce a new keymap.
 constexpr quint8 xkbNewKeyboardNotify = 0;
 constexpr quint8 xkbMapNotify = 1;
-
-template <typename T> struct Reply {
-    T* value;
-    explicit Reply(T* reply) : value(reply) {}
-    ~Reply() { std::free(value); }
-    Reply(const Reply&) = delete;
-    Reply& operator=(const Reply&) = delete;
-    T* operator->() const { return value; }
-    explicit operator bool() const { return value != nullptr; }
-};
 
 // Control = Control, Option = Alt (Mod1), Shift = Shift, Command = Super (Mod4).
 quint16 xModifiers(quint64 modifiers)
@@ -43,31 +31,17 @@ quint16 xModifiers(quint64 modifiers)
 
 quint16 findNumLockMask(xcb_connection_t* connection)
 {
-    const xcb_setup_t* setup = xcb_get_setup(connection);
     const auto modifierCookie = xcb_get_modifier_mapping(connection);
-    const auto keyboardCookie = xcb_get_keyboard_mapping(
-        connection, setup->min_keycode, setup->max_keycode - setup->min_keycode + 1);
-    const Reply modifiers(xcb_get_modifier_mapping_reply(connection, modifierCookie, nullptr));
-    const Reply keyboard(xcb_get_keyboard_mapping_reply(connection, keyboardCookie, nullptr));
-    if (!modifiers || !keyboard || keyboard->keysyms_per_keycode == 0)
+    const Xcb::KeyboardMapping keyboard(connection);
+    const Xcb::Reply<xcb_get_modifier_mapping_reply_t> modifiers(
+        xcb_get_modifier_mapping_reply(connection, modifierCookie, nullptr));
+    if (!modifiers)
         return 0;
-
-    const xcb_keysym_t* keysyms = xcb_get_keyboard_mapping_keysyms(keyboard.value);
-    const int keysymCount = xcb_get_keyboard_mapping_keysyms_length(keyboard.value);
-    const int perKeycode = keyboard->keysyms_per_keycode;
-    const auto isNumLock = [&](xcb_keycode_t keycode) {
-        const int first = (keycode - setup->min_keycode) * perKeycode;
-        if (keycode < setup->min_keycode || first + perKeycode > keysymCount)
-            return false;
-        return std::find(keysyms + first, keysyms + first + perKeycode, numLockKeysym) !=
-               keysyms + first + perKeycode;
-    };
-
-    const xcb_keycode_t* keycodes = xcb_get_modifier_mapping_keycodes(modifiers.value);
+    const xcb_keycode_t* keycodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
     const int perModifier = modifiers->keycodes_per_modifier;
     for (int modifier = 0; modifier < 8; ++modifier) {
         for (int i = 0; i < perModifier; ++i) {
-            if (isNumLock(keycodes[modifier * perModifier + i]))
+            if (keyboard.producesKeysym(keycodes[modifier * perModifier + i], numLockKeysym))
                 return quint16(1u << modifier);
         }
     }
@@ -78,12 +52,8 @@ quint16 findNumLockMask(xcb_connection_t* connection)
 
 std::unique_ptr<X11HotKeyBackend> X11HotKeyBackend::create()
 {
-    if (QGuiApplication::platformName() != QLatin1String("xcb"))
-        return nullptr;
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || !x11->connection())
-        return nullptr;
-    return std::make_unique<X11HotKeyBackend>(x11->connection());
+    xcb_connection_t* connection = Xcb::qtConnection();
+    return connection ? std::make_unique<X11HotKeyBackend>(connection) : nullptr;
 }
 
 X11HotKeyBackend::X11HotKeyBackend(xcb_connection_t* connection) : m_connection(connection)
@@ -93,7 +63,7 @@ X11HotKeyBackend::X11HotKeyBackend(xcb_connection_t* connection) : m_connection(
         m_roots.push_back(screens.data->root);
     }
     static constexpr char xkbName[] = "XKEYBOARD";
-    const Reply xkb(xcb_query_extension_reply(
+    const Xcb::Reply<xcb_query_extension_reply_t> xkb(xcb_query_extension_reply(
         connection, xcb_query_extension(connection, std::strlen(xkbName), xkbName), nullptr));
     if (xkb && xkb->present)
         m_xkbFirstEvent = xkb->first_event;
@@ -174,12 +144,10 @@ bool X11HotKeyBackend::grab(const Grab& grab)
     bool refused = false;
     std::vector<Request> granted;
     for (const Request& request : requests) {
-        if (xcb_generic_error_t* error = xcb_request_check(m_connection, request.cookie)) {
-            refused = true;
-            std::free(error);
-        } else {
+        if (Xcb::succeeded(m_connection, request.cookie))
             granted.push_back(request);
-        }
+        else
+            refused = true;
     }
     if (!refused)
         return true;

@@ -1,9 +1,8 @@
 #include "X11Paster.h"
 
-#include <QGuiApplication>
-#include <cstdlib>
+#include "Xcb.h"
+
 #include <cstring>
-#include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
 namespace {
@@ -12,38 +11,9 @@ constexpr xcb_keysym_t controlLeftKeysym = 0xffe3;
 constexpr xcb_keysym_t vKeysym = 0x0076;
 constexpr int pollIntervalMs = 15;
 
-template <typename T> struct Reply {
-    T* value;
-    explicit Reply(T* reply) : value(reply) {}
-    ~Reply() { std::free(value); }
-    Reply(const Reply&) = delete;
-    Reply& operator=(const Reply&) = delete;
-    T* operator->() const { return value; }
-    explicit operator bool() const { return value != nullptr; }
-};
-
-// The first keycode that produces the keysym in any column; 0 when none does.
-xcb_keycode_t keycodeFor(xcb_connection_t* connection, xcb_keysym_t keysym)
-{
-    const xcb_setup_t* setup = xcb_get_setup(connection);
-    const int count = setup->max_keycode - setup->min_keycode + 1;
-    const Reply mapping(xcb_get_keyboard_mapping_reply(
-        connection, xcb_get_keyboard_mapping(connection, setup->min_keycode, count), nullptr));
-    if (!mapping || mapping->keysyms_per_keycode == 0)
-        return 0;
-    const xcb_keysym_t* keysyms = xcb_get_keyboard_mapping_keysyms(mapping.value);
-    const int length = xcb_get_keyboard_mapping_keysyms_length(mapping.value);
-    const int perKeycode = mapping->keysyms_per_keycode;
-    for (int i = 0; i < length; ++i) {
-        if (keysyms[i] == keysym)
-            return static_cast<xcb_keycode_t>(setup->min_keycode + i / perKeycode);
-    }
-    return 0;
-}
-
 xcb_atom_t internAtom(xcb_connection_t* connection, const char* name)
 {
-    const Reply atom(xcb_intern_atom_reply(
+    const Xcb::Reply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name),
         nullptr));
     return atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE};
@@ -63,10 +33,7 @@ void fakeKey(xcb_connection_t* connection, uint8_t type, xcb_keycode_t keycode)
 
 X11Paster::X11Paster(QObject* parent) : QObject(parent)
 {
-    if (QGuiApplication::platformName() == u"xcb") {
-        if (auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>())
-            m_connection = x11->connection();
-    }
+    m_connection = Xcb::qtConnection();
     if (m_connection) {
         const xcb_query_extension_reply_t* xtest =
             xcb_get_extension_data(m_connection, &xcb_test_id);
@@ -91,17 +58,17 @@ void X11Paster::rememberTarget()
     // A window manager knows the active top-level window; the input focus may
     // sit on one of its children.
     if (m_activeAtom != XCB_ATOM_NONE) {
-        const Reply active(
+        const Xcb::Reply<xcb_get_property_reply_t> active(
             xcb_get_property_reply(m_connection,
                                    xcb_get_property(m_connection, 0, rootWindow(m_connection),
                                                     m_activeAtom, XCB_ATOM_WINDOW, 0, 1),
                                    nullptr));
         if (active && active->type == XCB_ATOM_WINDOW && active->format == 32 &&
-            xcb_get_property_value_length(active.value) == 4)
+            xcb_get_property_value_length(active.get()) == 4)
             m_activeWindow =
-                *static_cast<const xcb_window_t*>(xcb_get_property_value(active.value));
+                *static_cast<const xcb_window_t*>(xcb_get_property_value(active.get()));
     }
-    const Reply focus(
+    const Xcb::Reply<xcb_get_input_focus_reply_t> focus(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
     // PointerRoot and None name no window to come back to.
     if (focus && focus->focus != XCB_NONE && focus->focus != XCB_INPUT_FOCUS_POINTER_ROOT)
@@ -142,8 +109,9 @@ void X11Paster::restoreTarget()
     }
     if (m_target != 0) {
         // A window that was closed or unmapped since cannot take the focus.
-        const Reply attributes(xcb_get_window_attributes_reply(
-            m_connection, xcb_get_window_attributes(m_connection, m_target), nullptr));
+        const Xcb::Reply<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(
+                m_connection, xcb_get_window_attributes(m_connection, m_target), nullptr));
         if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE)
             xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, m_target, XCB_CURRENT_TIME);
     }
@@ -152,13 +120,13 @@ void X11Paster::restoreTarget()
 
 bool X11Paster::modifiersHeld() const
 {
-    const Reply modifiers(xcb_get_modifier_mapping_reply(
+    const Xcb::Reply<xcb_get_modifier_mapping_reply_t> modifiers(xcb_get_modifier_mapping_reply(
         m_connection, xcb_get_modifier_mapping(m_connection), nullptr));
-    const Reply keymap(
+    const Xcb::Reply<xcb_query_keymap_reply_t> keymap(
         xcb_query_keymap_reply(m_connection, xcb_query_keymap(m_connection), nullptr));
     if (!modifiers || !keymap)
         return false;
-    const xcb_keycode_t* keycodes = xcb_get_modifier_mapping_keycodes(modifiers.value);
+    const xcb_keycode_t* keycodes = xcb_get_modifier_mapping_keycodes(modifiers.get());
     const int perModifier = modifiers->keycodes_per_modifier;
     // Rows of the modifier map: Shift, Lock, Control, Mod1 (Alt) ... Mod4 (Super).
     for (const int row : {0, 2, 3, 6}) {
@@ -173,8 +141,9 @@ bool X11Paster::modifiersHeld() const
 
 void X11Paster::sendPasteKeys()
 {
-    const xcb_keycode_t control = keycodeFor(m_connection, controlLeftKeysym);
-    const xcb_keycode_t v = keycodeFor(m_connection, vKeysym);
+    const Xcb::KeyboardMapping mapping(m_connection);
+    const xcb_keycode_t control = mapping.keycodeFor(controlLeftKeysym);
+    const xcb_keycode_t v = mapping.keycodeFor(vKeysym);
     if (control != 0 && v != 0) {
         fakeKey(m_connection, XCB_KEY_PRESS, control);
         fakeKey(m_connection, XCB_KEY_PRESS, v);
