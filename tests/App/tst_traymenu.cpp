@@ -1,8 +1,8 @@
-#include "Platform/Xkb/XkbKeyboardLayout.h"
 #include "App/Shell/RecentRow.h"
 #include "App/Shell/StatusItemController.h"
 #include "App/Shell/TrayMenu.h"
 #include "Catalog/IconLibrary.h"
+#include "Platform/Xkb/XkbKeyboardLayout.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 #include "State/UserLibrary.h"
@@ -171,21 +171,31 @@ private slots:
     void keyHint_data()
     {
         QTest::addColumn<std::optional<KeyCombo>>("combo");
+        QTest::addColumn<Rendition>("rendition");
         QTest::addColumn<QString>("key");
         QTest::addColumn<QKeySequence>("hint");
-        QTest::newRow("ctrl-alt-i") << std::optional(KeyCombo{34, ctrlAlt}) << "i"
+        const auto pc = Rendition::pc, mac = Rendition::mac;
+        const std::optional shiftCmdComma(
+            KeyCombo{43, KeyCombo::shiftFlag | KeyCombo::commandFlag});
+        QTest::newRow("ctrl-alt-i") << std::optional(KeyCombo{34, ctrlAlt}) << pc << "i"
                                     << QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_I);
         QTest::newRow("shift-cmd-comma")
-            << std::optional(KeyCombo{43, KeyCombo::shiftFlag | KeyCombo::commandFlag}) << ","
-            << QKeySequence(Qt::SHIFT | Qt::META | Qt::Key_Comma);
-        QTest::newRow("space") << std::optional(KeyCombo{49, ctrlAlt}) << "" << QKeySequence();
-        QTest::newRow("f5") << std::optional(KeyCombo{96, ctrlAlt}) << "" << QKeySequence();
-        QTest::newRow("none") << std::optional<KeyCombo>() << "" << QKeySequence();
+            << shiftCmdComma << pc << "," << QKeySequence(Qt::SHIFT | Qt::META | Qt::Key_Comma);
+        // Qt on a Mac calls Command Ctrl and Control Meta.
+        QTest::newRow("mac: control-option-i") << std::optional(KeyCombo{34, ctrlAlt}) << mac << "i"
+                                               << QKeySequence(Qt::META | Qt::ALT | Qt::Key_I);
+        QTest::newRow("mac: shift-cmd-comma")
+            << shiftCmdComma << mac << "," << QKeySequence(Qt::SHIFT | Qt::CTRL | Qt::Key_Comma);
+        QTest::newRow("space") << std::optional(KeyCombo{49, ctrlAlt}) << pc << ""
+                               << QKeySequence();
+        QTest::newRow("f5") << std::optional(KeyCombo{96, ctrlAlt}) << pc << "" << QKeySequence();
+        QTest::newRow("none") << std::optional<KeyCombo>() << pc << "" << QKeySequence();
     }
 
     void keyHint()
     {
         QFETCH(std::optional<KeyCombo>, combo);
+        QFETCH(Rendition, rendition);
         QFETCH(QString, key);
         QFETCH(QKeySequence, hint);
         QCOMPARE(TrayMenu::keyEquivalent(combo, us.get()), key);
@@ -193,6 +203,7 @@ private slots:
         TrayMenuContent content;
         content.pickerHotKey = combo;
         content.copyLastHotKey = combo;
+        content.rendition = rendition;
         build(menu, content);
         QCOMPARE(item(menu, "Open Picker")->shortcut(), hint);
         QCOMPARE(item(menu, "Copy Last Icon Again")->shortcut(), hint);

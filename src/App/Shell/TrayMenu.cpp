@@ -15,17 +15,18 @@ namespace {
 constexpr double favoriteGlyphSize = 16;
 constexpr double formatGlyphSize = 15;
 
-Qt::KeyboardModifiers qtModifiers(quint64 flags)
+Qt::KeyboardModifiers qtModifiers(quint64 flags, Rendition rendition)
 {
+    const bool mac = rendition == Rendition::mac;
     Qt::KeyboardModifiers modifiers;
     if (flags & KeyCombo::controlFlag)
-        modifiers |= Qt::ControlModifier;
+        modifiers |= mac ? Qt::MetaModifier : Qt::ControlModifier;
     if (flags & KeyCombo::optionFlag)
         modifiers |= Qt::AltModifier;
     if (flags & KeyCombo::shiftFlag)
         modifiers |= Qt::ShiftModifier;
     if (flags & KeyCombo::commandFlag)
-        modifiers |= Qt::MetaModifier;
+        modifiers |= mac ? Qt::ControlModifier : Qt::MetaModifier;
     return modifiers;
 }
 
@@ -81,7 +82,7 @@ void addCopyLast(QMenu& menu, const TrayMenuContent& content, const KeyboardLayo
                  const TrayMenuActions& actions)
 {
     QAction* item = addItem(menu, QStringLiteral("Copy Last Icon Again"), actions.copyLast);
-    item->setShortcut(shortcutHint(content.copyLastHotKey, layout));
+    item->setShortcut(shortcutHint(content.copyLastHotKey, layout, content.rendition));
     item->setEnabled(content.lastCopy.has_value());
     if (content.lastCopy) {
         item->setToolTip(content.lastCopy->name + QStringLiteral(" as ") +
@@ -122,14 +123,15 @@ QString keyEquivalent(const std::optional<KeyCombo>& combo, const KeyboardLayout
     return name.size() == 1 ? name.toLower() : QString();
 }
 
-QKeySequence shortcutHint(const std::optional<KeyCombo>& combo, const KeyboardLayout* layout)
+QKeySequence shortcutHint(const std::optional<KeyCombo>& combo, const KeyboardLayout* layout,
+                          Rendition rendition)
 {
     const QString key = keyEquivalent(combo, layout);
     if (key.isEmpty())
         return {};
     // Qt names a character key by its upper-case code point.
     const auto qtKey = Qt::Key(key.toUpper().at(0).unicode());
-    return QKeySequence(QKeyCombination(qtModifiers(combo->modifiers), qtKey));
+    return QKeySequence(QKeyCombination(qtModifiers(combo->modifiers, rendition), qtKey));
 }
 
 void build(QMenu& menu, const TrayMenuContent& content, const IconLibrary& library,
@@ -143,7 +145,7 @@ void build(QMenu& menu, const TrayMenuContent& content, const IconLibrary& libra
     const QColor glyphColor = menu.palette().color(QPalette::WindowText);
 
     addItem(menu, QStringLiteral("Open Picker"), actions.openPicker)
-        ->setShortcut(shortcutHint(content.pickerHotKey, layout));
+        ->setShortcut(shortcutHint(content.pickerHotKey, layout, content.rendition));
     addRecentRow(menu, content, library, actions);
     addFavorites(menu, content, library, actions, glyphColor);
     addCopyLast(menu, content, layout, actions);

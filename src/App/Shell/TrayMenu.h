@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Base/KeyCombo.h"
 #include "Base/ExportFormat.h"
+#include "Base/KeyCombo.h"
 #include "State/UserLibrary.h"
 
 #include <QKeySequence>
@@ -22,7 +22,8 @@ struct TrayMenuContent {
     std::optional<UserLibrary::LastCopy> lastCopy;
     ExportFormat defaultFormat = ExportFormat::svg;
     ReactLanguage reactLanguage = ReactLanguage::tsx;
-    QList<ExportFormat> pngFormats; // the switched-on sizes
+    QList<ExportFormat> pngFormats;        // the switched-on sizes
+    Rendition rendition = hostRendition(); // how the shortcut hints name modifiers
 };
 
 // What the items do. The icon and format items pass their item's data (the
@@ -51,6 +52,8 @@ void build(QMenu& menu, const TrayMenuContent& content, const IconLibrary& libra
 // keys such as Space or F5, and for no shortcut.
 QString keyEquivalent(const std::optional<KeyCombo>& combo, const KeyboardLayout* layout);
 // The hint as Qt shows it (Ctrl+Alt+I); empty when keyEquivalent is.
-QKeySequence shortcutHint(const std::optional<KeyCombo>& combo, const KeyboardLayout* layout);
+// Qt's Ctrl is the Mac's Command key, so the modifiers map by rendition.
+QKeySequence shortcutHint(const std::optional<KeyCombo>& combo, const KeyboardLayout* layout,
+                          Rendition rendition);
 
 } // namespace TrayMenu
