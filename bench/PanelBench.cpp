@@ -19,7 +19,9 @@ void PanelPlacement_everyPosition(benchmark::State& state)
     int sum = 0;
     for (auto _ : state) {
         for (const PickerPosition position : allCases<PickerPosition>())
-            sum += PanelPlacement::place(position, area, QPoint(900, 1000), tray).frame.x();
+            sum += PanelPlacement::place(position, area, QPoint(900, 1000), tray,
+                                         WindowingSession::x11())
+                       .frame.x();
         benchmark::DoNotOptimize(sum);
     }
     state.SetItemsProcessed(state.iterations() * 3);
