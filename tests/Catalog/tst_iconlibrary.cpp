@@ -283,7 +283,6 @@ private slots:
         QTest::newRow("small") << qint64(999) << "999";
         QTest::newRow("thousands") << qint64(5233) << "5,233";
         QTest::newRow("millions") << qint64(1234567) << "1,234,567";
-        QTest::newRow("negative") << qint64(-1000) << "-1,000";
         QTest::newRow("zero") << qint64(0) << "0";
     }
     void groupsThousands()

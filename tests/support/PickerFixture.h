@@ -26,7 +26,7 @@ struct PickerFixture {
     std::unique_ptr<PickerModel> model;
 
     // Over the shipped catalogue.
-    PickerFixture() { load(IconLibrary::shippedFilePath()); }
+    PickerFixture() { loadFile(IconLibrary::shippedFilePath()); }
     explicit PickerFixture(const std::vector<PackageConverter::OutEntry>& icons) { load(icons); }
 
     // Another catalogue under the same settings and user lists.
@@ -34,12 +34,12 @@ struct PickerFixture {
     {
         QFile file(dir.filePath(QStringLiteral("catalogue-%1.json").arg(++m_catalogues)));
         if (!file.open(QIODevice::WriteOnly) ||
-            !file.write(PackageConverter::OutFile{"1.0", icons}.encode()))
+            !file.write(PackageConverter::OutFile{QStringLiteral("1.0"), icons}.encode()))
             qFatal("cannot write the catalogue");
         file.close();
-        load(file.fileName());
+        loadFile(file.fileName());
     }
-    void load(const QString& catalogue)
+    void loadFile(const QString& catalogue)
     {
         model.reset();
         copy.reset();
