@@ -77,7 +77,7 @@ void PanelFirstFrame_firstInProcess(benchmark::State& state)
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     Panel panel;
     for (auto _ : state) {
-        PickerController controller(panel.model, panel.prefs, panel.user, panel.copy,
+        PickerController controller(*panel.model, panel.prefs, *panel.user, *panel.copy,
                                     panel.targets);
         controller.setRootUrl(panel.root);
         if (!showUntilFirstFrame(controller))
@@ -95,7 +95,7 @@ void PanelFirstFrame_cold(benchmark::State& state)
     Panel panel;
     for (auto _ : state) {
         // A new controller makes its window, engine and root item on show.
-        PickerController controller(panel.model, panel.prefs, panel.user, panel.copy,
+        PickerController controller(*panel.model, panel.prefs, *panel.user, *panel.copy,
                                     panel.targets);
         controller.setRootUrl(panel.root);
         if (!showUntilFirstFrame(controller))
@@ -111,7 +111,7 @@ void PanelFirstFrame_warm(benchmark::State& state)
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     Panel panel;
-    PickerController controller(panel.model, panel.prefs, panel.user, panel.copy, panel.targets);
+    PickerController controller(*panel.model, panel.prefs, *panel.user, *panel.copy, panel.targets);
     controller.setRootUrl(panel.root);
     showUntilFirstFrame(controller);
     for (auto _ : state) {

@@ -40,13 +40,13 @@ void chooseSceneGraph()
 // The picker over the shipped catalogue, its panel made ahead as the tray
 // program makes it.
 struct Views : PickerFixture {
-    PickerController controller{model, prefs, user, copy, targets};
+    PickerController controller{*model, prefs, *user, *copy, targets};
 
     Views()
     {
         prefs.setPickerPosition(PickerPosition::centered);
         controller.setEngineSetup(
-            [this](QQmlEngine& engine) { registerPictrayQml(engine, library); });
+            [this](QQmlEngine& engine) { registerPictrayQml(engine, *library); });
         controller.preparePanel();
         if (!controller.panel())
             qFatal("the panel was not made");
@@ -141,10 +141,10 @@ void Views_keystroke(benchmark::State& state, int step)
     const QString before = step == 0 ? QString() : typedQueries().at(step - 1);
     double worst = 0;
     for (auto _ : state) {
-        if (views.model.query() != before)
-            msUntilNextFrame(panel, [&] { views.model.setQuery(before); });
+        if (views.model->query() != before)
+            msUntilNextFrame(panel, [&] { views.model->setQuery(before); });
         drain();
-        const double ms = msUntilNextFrame(panel, [&] { views.model.setQuery(query); });
+        const double ms = msUntilNextFrame(panel, [&] { views.model->setQuery(query); });
         if (ms < 0) {
             state.SkipWithError("no frame within 5 s");
             break;
@@ -153,7 +153,7 @@ void Views_keystroke(benchmark::State& state, int step)
         worst = std::max(worst, ms);
     }
     state.counters["worst_ms"] = worst;
-    state.counters["results"] = views.model.resultCount();
+    state.counters["results"] = views.model->resultCount();
 }
 
 const bool keystrokesRegistered = [] {
@@ -200,8 +200,8 @@ void Views_scroll(benchmark::State& state)
 {
     Views& views = shownViews();
     QQuickWindow& panel = *views.controller.panel();
-    if (!views.model.query().isEmpty())
-        msUntilNextFrame(panel, [&] { views.model.setQuery(QString()); });
+    if (!views.model->query().isEmpty())
+        msUntilNextFrame(panel, [&] { views.model->setQuery(QString()); });
     drain();
     QQuickItem* grid = findItem(panel.contentItem(), QStringLiteral("iconGrid"));
     if (!grid) {

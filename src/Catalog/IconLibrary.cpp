@@ -34,7 +34,9 @@ std::optional<QByteArray> readCandidate(const QString& path)
 
 std::optional<QString> versionAtStart(QByteArrayView head)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    // Not stateless: a character cut in two by the end of the window waits in
+    // the decoder's state instead of counting as an error.
+    QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder(head);
     if (decoder.hasError())
         return std::nullopt;

@@ -42,7 +42,10 @@ bool isOwnDirectory(const QString& path)
 CopyService::CopyService(IconLibrary& library, UserLibrary& user, Preferences& preferences,
                          Clipboard& clipboard, HeadsUp& headsUp, Paster& paster, QObject* parent)
     : QObject(parent), m_library(library), m_user(user), m_preferences(preferences),
-      m_clipboard(clipboard), m_headsUp(headsUp), m_paster(paster)
+      m_clipboard(clipboard), m_headsUp(headsUp), m_paster(paster),
+      m_schedulePaste([this](std::function<void()> paste) {
+          QTimer::singleShot(pasteDelayMs, this, std::move(paste));
+      })
 {
 }
 
@@ -174,7 +177,7 @@ bool CopyService::pasteIntoFrontApp()
 {
     if (!m_paster.isTrusted())
         return false;
-    QTimer::singleShot(pasteDelayMs, this, [this] { m_paster.paste(); });
+    m_schedulePaste([this] { m_paster.paste(); });
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
 #include <optional>
 
 class IconLibrary;
@@ -40,9 +41,14 @@ public:
     // The package name made safe as a file name inside one folder.
     static QString safeFileStem(const QString& packageName);
 
-    // Posts the paste keystroke 0.12 s from now. False, posting nothing, where
+    // Posts the paste keystroke 0.12 s from now, once the panel is gone and the
+    // previous window has the keyboard again. False, posting nothing, where
     // synthetic input is not possible.
     bool pasteIntoFrontApp();
+
+    // Runs the paste later; the default waits the 0.12 s on a timer.
+    using Scheduler = std::function<void(std::function<void()>)>;
+    void setPasteScheduler(Scheduler scheduler) { m_schedulePaste = std::move(scheduler); }
 
 private:
     void record(const IconExport& item, ExportFormat format);
@@ -55,4 +61,5 @@ private:
     Clipboard& m_clipboard;
     HeadsUp& m_headsUp;
     Paster& m_paster;
+    Scheduler m_schedulePaste;
 };

@@ -55,24 +55,48 @@ HUD::HUD()
     setFormat(surface);
     setTitle(QStringLiteral("Pictray"));
 
-    m_hold.setSingleShot(true);
-    m_hold.setInterval(holdMs);
-    connect(&m_hold, &QTimer::timeout, this, [this] { m_fade.start(); });
+    const auto follow = [this](const QVariant& value) { setOpacity(value.toReal()); };
+    m_fadeIn.setEndValue(1.0);
+    connect(&m_fadeIn, &QVariantAnimation::valueChanged, this, follow);
+    connect(&m_fadeIn, &QVariantAnimation::finished, &m_hold, qOverload<>(&QTimer::start));
 
-    m_fade.setStartValue(1.0);
-    m_fade.setEndValue(0.0);
-    m_fade.setDuration(fadeMs);
-    connect(&m_fade, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant& value) { setOpacity(value.toReal()); });
-    connect(&m_fade, &QVariantAnimation::finished, this, [this] { close(); });
+    m_hold.setSingleShot(true);
+    connect(&m_hold, &QTimer::timeout, &m_fadeOut, [this] { m_fadeOut.start(); });
+
+    m_fadeOut.setStartValue(1.0);
+    m_fadeOut.setEndValue(0.0);
+    connect(&m_fadeOut, &QVariantAnimation::valueChanged, this, follow);
+    connect(&m_fadeOut, &QVariantAnimation::finished, this, [this] { close(); });
+
+    setTiming({});
+}
+
+void HUD::setTiming(const Timing& timing)
+{
+    m_fadeIn.setDuration(timing.fadeInMs);
+    m_hold.setInterval(timing.holdMs);
+    m_fadeOut.setDuration(timing.fadeOutMs);
 }
 
 void HUD::show(const QString& message)
 {
-    m_fade.stop();
+    m_fadeIn.stop();
+    m_hold.stop();
+    m_fadeOut.stop();
     m_message = message;
-    setOpacity(1.0);
+    // A message that replaces one still on screen does not blink.
+    const qreal from = isVisible() ? opacity() : 0.0;
+    setOpacity(from);
+    place(message);
+    QRasterWindow::show();
+    raise(); // a window opened since the last message may cover it
+    update();
+    m_fadeIn.setStartValue(from);
+    m_fadeIn.start();
+}
 
+void HUD::place(const QString& message)
+{
     QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
     if (!screen)
         screen = QGuiApplication::primaryScreen();
@@ -84,10 +108,6 @@ void HUD::show(const QString& message)
         resize(size);
     }
     setMask(pillRegion(size));
-    QRasterWindow::show();
-    raise(); // a window opened since the last message may cover it
-    update();
-    m_hold.start();
 }
 
 QPoint HUD::origin(const QRect& available, const QSize& size)

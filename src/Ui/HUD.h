@@ -8,20 +8,25 @@
 
 // The heads-up message after a copy: a dark rounded pill near the bottom of
 // the screen under the pointer. It never takes the keyboard or the mouse, so
-// the user keeps working in the window behind it. It stays 1.6 s at full
-// opacity, fades for 0.25 s and closes; a new message replaces the shown one
-// and starts the clock again.
+// the user keeps working in the window behind it. It fades in, stays at full
+// opacity, fades out and closes; a new message replaces the shown one and
+// starts again from the opacity it has.
 class HUD : public QRasterWindow, public HeadsUp {
     Q_OBJECT
 
 public:
-    static constexpr int holdMs = 1600;
-    static constexpr int fadeMs = 250;
+    struct Timing {
+        int fadeInMs = 150;
+        int holdMs = 1600;
+        int fadeOutMs = 250;
+    };
 
     HUD();
 
     void show(const QString& message) override;
     QString message() const { return m_message; }
+    // Applies from the next message on.
+    void setTiming(const Timing& timing);
 
     // Top-left corner for a HUD of this size: centred horizontally, above the
     // bottom of the screen's free area.
@@ -32,8 +37,10 @@ protected:
 
 private:
     QSize sizeFor(const QString& message) const;
+    void place(const QString& message);
 
     QString m_message;
+    QVariantAnimation m_fadeIn;
     QTimer m_hold;
-    QVariantAnimation m_fade;
+    QVariantAnimation m_fadeOut;
 };

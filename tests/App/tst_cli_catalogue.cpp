@@ -1,21 +1,12 @@
 #include "Catalog/CatalogueCodec.h"
 #include "FixtureHttpServer.h"
 #include "PictrayProcess.h"
+#include "TestData.h"
 
 #include <QDir>
 #include <QTest>
 
-namespace {
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
+using TestData::writeFile;
 
 class TestCliCatalogue : public QObject {
     Q_OBJECT
@@ -40,7 +31,7 @@ private slots:
     {
         const PictrayProcess pictray;
         const QString path = pictray.dataDir() + "/Pictray/tabler-icons.json";
-        write(
+        writeFile(
             path,
             R"({"version":"99.0.0","icons":[{"n":"a","c":"X","t":[],"o":["M1 1"],"f":["M1 1"]}]})");
         const auto result = pictray.run({"info"});
@@ -126,10 +117,11 @@ private slots:
     {
         const PictrayProcess pictray;
         const QString package = pictray.dataDir() + "/package";
-        write(package + "/package.json", R"({"name":"@tabler/icons","version":"3.60.1"})");
-        write(package + "/icons.json", R"({"b":{"category":"C","tags":[null,"t",4]},"a":{}})");
-        write(package + "/tabler-nodes-outline.json", R"({"a":[["path",{"d":"M1 1"}]],"b":[]})");
-        write(package + "/tabler-nodes-filled.json", R"({"b":[["path",{"d":"M2 2"}]]})");
+        writeFile(package + "/package.json", R"({"name":"@tabler/icons","version":"3.60.1"})");
+        writeFile(package + "/icons.json", R"({"b":{"category":"C","tags":[null,"t",4]},"a":{}})");
+        writeFile(package + "/tabler-nodes-outline.json",
+                  R"({"a":[["path",{"d":"M1 1"}]],"b":[]})");
+        writeFile(package + "/tabler-nodes-filled.json", R"({"b":[["path",{"d":"M2 2"}]]})");
         const QString out = pictray.dataDir() + "/out.json";
 
         auto result = pictray.run({"catalogue", "build", "--from", package, "-o", out});

@@ -1,26 +1,12 @@
 #include "PictrayProcess.h"
+#include "TestData.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTest>
 
-namespace {
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
+using TestData::readFile;
+using TestData::writeFile;
 
 class TestCliState : public QObject {
     Q_OBJECT

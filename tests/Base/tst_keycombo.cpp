@@ -18,22 +18,6 @@ private slots:
         QVERIFY(de);
     }
 
-    void carbonModifiers_data()
-    {
-        QTest::addColumn<quint64>("modifiers");
-        QTest::addColumn<quint32>("carbon");
-        QTest::newRow("control option") << quint64(0xC0000) << quint32(0x1800);
-        QTest::newRow("all four") << quint64(0x1E0000) << quint32(0x1B00);
-        QTest::newRow("caps lock dropped") << (capsLock | KeyCombo::shiftFlag) << quint32(0x200);
-        QTest::newRow("none") << quint64(0) << quint32(0);
-    }
-    void carbonModifiers()
-    {
-        QFETCH(quint64, modifiers);
-        QFETCH(quint32, carbon);
-        QCOMPARE((KeyCombo{34, modifiers}.carbonModifiers()), carbon);
-    }
-
     void renditions_data()
     {
         QTest::addColumn<quint64>("modifiers");
@@ -41,16 +25,10 @@ private slots:
         QTest::addColumn<QStringList>("caps");
         QTest::addColumn<QString>("spoken");
         const quint64 all = 0x1E0000 | capsLock;
-        QTest::newRow("mac, all") << all << KeyCombo::Rendition::mac
-                                  << QStringList{u"⌃"_qs, u"⌥"_qs, u"⇧"_qs, u"⌘"_qs, u"I"_qs}
-                                  << u"Control Option Shift Command I"_qs;
         QTest::newRow("pc, all") << all << KeyCombo::Rendition::pc
                                  << QStringList{u"Ctrl"_qs, u"Alt"_qs, u"Shift"_qs, u"Super"_qs,
                                                 u"I"_qs}
                                  << u"Control Alt Shift Super I"_qs;
-        QTest::newRow("mac, control option")
-            << quint64(0xC0000) << KeyCombo::Rendition::mac
-            << QStringList{u"⌃"_qs, u"⌥"_qs, u"I"_qs} << u"Control Option I"_qs;
         QTest::newRow("pc, command only") << KeyCombo::commandFlag << KeyCombo::Rendition::pc
                                           << QStringList{u"Super"_qs, u"I"_qs} << u"Super I"_qs;
     }

@@ -2,6 +2,7 @@
 #include "Catalog/IconLibrary.h"
 #include "Catalog/NumericCompare.h"
 #include "Catalog/PackageConverter.h"
+#include "TestData.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -10,6 +11,8 @@
 
 using PackageConverter::OutEntry;
 using PackageConverter::OutFile;
+using TestData::readFile;
+using TestData::writeFile;
 
 namespace {
 
@@ -19,19 +22,6 @@ QByteArray catalogue(const QString& version, std::vector<OutEntry> icons = {})
         icons.push_back(
             {QStringLiteral("home"), QStringLiteral("Buildings"), {}, PathList{"M5 12l-2 0"}, {}});
     return OutFile{version, std::move(icons)}.encode();
-}
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -115,9 +105,9 @@ private slots:
         QFETCH(QString, version);
         QFETCH(bool, fromDownload);
         if (!shippedBytes.isEmpty())
-            write(shipped(), shippedBytes);
+            writeFile(shipped(), shippedBytes);
         if (!downloadedBytes.isEmpty())
-            write(downloaded(), downloadedBytes);
+            writeFile(downloaded(), downloadedBytes);
         const IconLibrary library({shipped(), downloaded()});
         QCOMPARE(library.version(), version);
         QCOMPARE(library.loadedPath(), fromDownload ? downloaded() : shipped());
@@ -125,10 +115,10 @@ private slots:
 
     void brokenNewerDownloadLeavesTheLibraryEmpty()
     {
-        write(shipped(), catalogue("3.9.0"));
+        writeFile(shipped(), catalogue("3.9.0"));
         QByteArray broken = catalogue("9.0.0");
         broken.chop(10);
-        write(downloaded(), broken);
+        writeFile(downloaded(), broken);
         const IconLibrary library({shipped(), downloaded()});
         QVERIFY(library.icons().isEmpty());
         QVERIFY(library.version().isEmpty());
@@ -166,7 +156,7 @@ private slots:
             {"n":"home","c":"Buildings","t":[],"o":["M2 2"],"f":["M3 3"]},
             {"n":"home","c":"Other","t":[],"o":["M4 4"]},
             {"n":"alone","c":"Arrows","t":["alone"]}]})";
-        write(shipped(), bytes);
+        writeFile(shipped(), bytes);
         const IconLibrary library({shipped(), {}});
         QCOMPARE(library.iconCount(), 4);
         QCOMPARE(library.categories(), (QStringList{"Arrows", "Buildings", "Other"}));
@@ -189,7 +179,7 @@ private slots:
 
     void installWritesOnlyGoodData()
     {
-        write(shipped(), catalogue("3.9.0"));
+        writeFile(shipped(), catalogue("3.9.0"));
         IconLibrary library({shipped(), downloaded()});
         QSignalSpy changed(&library, &IconLibrary::catalogueChanged);
 
@@ -202,7 +192,7 @@ private slots:
 
         const QByteArray good = catalogue("3.10.0");
         QVERIFY(library.install(good, &error));
-        QCOMPARE(read(downloaded()), good);
+        QCOMPARE(readFile(downloaded()), good);
         QCOMPARE(library.version(), QStringLiteral("3.10.0"));
         QCOMPARE(library.loadedPath(), downloaded());
         QCOMPARE(changed.count(), 1);
@@ -213,9 +203,9 @@ private slots:
 
     void installFailsCleanlyWhenTheFolderIsNotWritable()
     {
-        write(shipped(), catalogue("1.0"));
+        writeFile(shipped(), catalogue("1.0"));
         const QString blocker = m_dir.filePath(QStringLiteral("file"));
-        write(blocker, "x");
+        writeFile(blocker, "x");
         IconLibrary library({shipped(), blocker + QStringLiteral("/sub/tabler-icons.json")});
         QString error;
         QVERIFY(!library.install(catalogue("2.0"), &error));
@@ -232,8 +222,9 @@ private slots:
             << QByteArray(R"({"version":"7.0","icons":[{{{)") << "7.0";
         QTest::newRow("empty value then full decode")
             << QByteArray(R"({"version":"","icons":[]})") << "";
-        QTest::newRow("cut multibyte char in the first 64 bytes")
-            << QByteArray(R"({"version":"1.0","x":")") + QByteArray(40, 'a') + "\xc3\xa9\"}"
+        // The start alone is read, even when its last character is cut in two.
+        QTest::newRow("multibyte char cut at the end of the start")
+            << QByteArray("{\"version\":\"1.0\",\"x\":\"") + QByteArray(41, 'a') + "\xc3\xa9]]"
             << "1.0";
         QTest::newRow("no version") << QByteArray(R"({"icons":[]})") << QString();
     }
@@ -248,7 +239,7 @@ private slots:
 
     void pathsAreCachedPerStyleAndThreadSafe()
     {
-        write(shipped(), R"({"version":"1","icons":[
+        writeFile(shipped(), R"({"version":"1","icons":[
             {"n":"a","c":"","t":[],"o":["M0 0L10 0"],"f":["M0 0L5 5L0 5Z"]},
             {"n":"b","c":"","t":[],"f":["M1 1L2 2"]}]})");
         const IconLibrary library({shipped(), {}});
@@ -282,7 +273,6 @@ private slots:
         QTest::newRow("small") << qint64(999) << "999";
         QTest::newRow("thousands") << qint64(5233) << "5,233";
         QTest::newRow("millions") << qint64(1234567) << "1,234,567";
-        QTest::newRow("negative") << qint64(-1000) << "-1,000";
         QTest::newRow("zero") << qint64(0) << "0";
     }
     void groupsThousands()

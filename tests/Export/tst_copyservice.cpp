@@ -1,34 +1,13 @@
-#include "Catalog/IconLibrary.h"
-#include "Catalog/PackageConverter.h"
-#include "Export/CopyService.h"
 #include "Export/SnippetBuilder.h"
-#include "State/Preferences.h"
-#include "State/SettingsStore.h"
-#include "State/UserLibrary.h"
+#include "PickerFixture.h"
 
 #include <QMimeData>
-#include <QTemporaryDir>
 #include <QTest>
 
 using PackageConverter::OutEntry;
 using LastCopy = UserLibrary::LastCopy;
 
 namespace {
-
-struct FakeTargets : Clipboard, HeadsUp, Paster {
-    std::optional<QString> text;
-    QByteArray png;
-    QStringList messages;
-    bool trusted = true;
-    int pastes = 0;
-    void clear() override { text.reset(), png.clear(); }
-    void putText(const QString& value) override { text = value; }
-    void putPNG(const QByteArray& bytes, const QImage&) override { png = bytes; }
-    void show(const QString& message) override { messages.append(message); }
-    void rememberTarget() override {}
-    bool isTrusted() const override { return trusted; }
-    void paste() override { ++pastes; }
-};
 
 const PathList line{"M2 12h20"};
 
@@ -37,43 +16,27 @@ const PathList line{"M2 12h20"};
 class TestCopyService : public QObject {
     Q_OBJECT
 
-    QTemporaryDir dir;
-    int files = 0;
-    std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<Preferences> prefs;
-    std::unique_ptr<IconLibrary> library;
-    std::unique_ptr<UserLibrary> user;
-    FakeTargets fake;
-    std::unique_ptr<CopyService> service;
+    std::unique_ptr<PickerFixture> f;
+    Preferences* prefs = nullptr;
+    FakeTargets* fake = nullptr;
 
-    void load(const std::vector<OutEntry>& icons)
-    {
-        QFile file(dir.filePath(QStringLiteral("catalogue-%1.json").arg(++files)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(PackageConverter::OutFile{"1.0", icons}.encode());
-        file.close();
-        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
-        user = std::make_unique<UserLibrary>(*store, *prefs, [](const QString&) { return true; });
-        service = std::make_unique<CopyService>(*library, *user, *prefs, fake, fake, fake);
-    }
     IconExport item(const QString& name)
     {
-        return {library->icon(name), {}, 24, 2, u"currentColor"_qs};
+        return {f->library->icon(name), {}, 24, 2, u"currentColor"_qs};
     }
 
 private slots:
     void init()
     {
+        f = std::make_unique<PickerFixture>(
+            std::vector<OutEntry>{{u"home"_qs, u"B"_qs, {}, line, line},
+                                  {u"plus"_qs, u"M"_qs, {}, line, std::nullopt},
+                                  {u"blank"_qs, u"S"_qs, {}, std::nullopt, std::nullopt}});
+        prefs = &f->prefs;
+        fake = &f->targets;
         // Drag files go to a folder of this run, not the shared temporary one.
-        QVERIFY(QDir().mkpath(dir.filePath(u"tmp"_qs)));
-        qputenv("TMPDIR", dir.filePath(u"tmp"_qs).toLocal8Bit());
-        service.reset(), user.reset();
-        store = std::make_unique<SettingsStore>(dir.filePath(QStringLiteral("s-%1").arg(++files)));
-        prefs = std::make_unique<Preferences>(*store);
-        load({{u"home"_qs, u"B"_qs, {}, line, line},
-              {u"plus"_qs, u"M"_qs, {}, line, std::nullopt},
-              {u"blank"_qs, u"S"_qs, {}, std::nullopt, std::nullopt}});
-        fake = {};
+        QVERIFY(QDir().mkpath(f->dir.filePath(u"tmp"_qs)));
+        qputenv("TMPDIR", f->dir.filePath(u"tmp"_qs).toLocal8Bit());
     }
 
     void copyFillsTheClipboardRecordsAndSaysSo_data()
@@ -99,27 +62,28 @@ private slots:
         QFETCH(QString, message);
         prefs->setReactLanguage(language);
         prefs->setPngPadding(0);
-        fake.putText(u"old"_qs);
-        QVERIFY(service->copy(item(u"home"_qs), format));
+        fake->putText(u"old"_qs);
+        QVERIFY(f->copy->copy(item(u"home"_qs), format));
         if (pixels == 0) {
-            QCOMPARE(fake.text, SnippetBuilder::current(*prefs).text(format, item(u"home"_qs)));
+            QCOMPARE(fake->text, SnippetBuilder::current(*prefs).text(format, item(u"home"_qs)));
         } else {
-            QVERIFY(!fake.text);
-            const QImage image = QImage::fromData(fake.png, "PNG");
+            QVERIFY(!fake->text);
+            const QImage image = QImage::fromData(fake->png, "PNG");
             QCOMPARE(image.size(), QSize(pixels, pixels));
             // "currentColor" means nothing in a bitmap: the line is black.
             QCOMPARE(image.pixel(pixels / 2, pixels / 2), qRgba(0, 0, 0, 255));
         }
-        QCOMPARE(fake.messages, QStringList{u"Copied home as "_qs + message});
-        QCOMPARE(user->lastCopy(),
+        QCOMPARE(fake->message, u"Copied home as "_qs + message);
+        QCOMPARE(fake->messages, 1);
+        QCOMPARE(f->user->lastCopy(),
                  std::optional(LastCopy{u"home"_qs, {}, format, u"currentColor"_qs, 24, 2}));
     }
 
     void anImageThatDoesNotRenderLeavesTheClipboardEmpty()
     {
-        fake.putText(u"old"_qs);
-        QVERIFY(!service->copy(item(u"blank"_qs), ExportFormat::png2));
-        QVERIFY(!fake.text && fake.png.isEmpty() && fake.messages.isEmpty() && !user->lastCopy());
+        fake->putText(u"old"_qs);
+        QVERIFY(!f->copy->copy(item(u"blank"_qs), ExportFormat::png2));
+        QVERIFY(!fake->text && fake->png.isEmpty() && fake->messages == 0 && !f->user->lastCopy());
     }
 
     void copyWithDefaultsUsesOutlineWithoutAFilledForm()
@@ -129,30 +93,30 @@ private slots:
         prefs->setDefaultColor(u"#123456"_qs);
         prefs->setDefaultSize(40);
         prefs->setDefaultStroke(1.25);
-        QVERIFY(service->copyWithDefaults(library->icon(u"home")));
-        QCOMPARE(user->lastCopy(),
+        QVERIFY(f->copy->copyWithDefaults(f->library->icon(u"home")));
+        QCOMPARE(f->user->lastCopy(),
                  std::optional(LastCopy{u"home"_qs, IconStyle::filled, ExportFormat::vue,
                                         u"#123456"_qs, 40, 1.25}));
-        QVERIFY(service->copyWithDefaults(library->icon(u"plus"), ExportFormat::blade));
-        QCOMPARE(user->lastCopy(),
+        QVERIFY(f->copy->copyWithDefaults(f->library->icon(u"plus"), ExportFormat::blade));
+        QCOMPARE(f->user->lastCopy(),
                  std::optional(LastCopy{u"plus"_qs, IconStyle::outline, ExportFormat::blade,
                                         u"#123456"_qs, 40, 1.25}));
     }
 
     void copyLastAgain()
     {
-        QVERIFY(!service->copyLastAgain());
-        QVERIFY(service->copy(item(u"plus"_qs), ExportFormat::blade));
-        const std::optional<QString> text = fake.text;
-        fake = {};
-        QVERIFY(service->copyLastAgain());
-        QCOMPARE(fake.text, text);
-        QCOMPARE(fake.messages.size(), 1);
+        QVERIFY(!f->copy->copyLastAgain());
+        QVERIFY(f->copy->copy(item(u"plus"_qs), ExportFormat::blade));
+        const std::optional<QString> text = fake->text;
+        *fake = {};
+        QVERIFY(f->copy->copyLastAgain());
+        QCOMPARE(fake->text, text);
+        QCOMPARE(fake->messages, 1);
 
-        load({{u"home"_qs, u"B"_qs, {}, line, line}}); // a newer set without plus
-        fake = {};
-        QVERIFY(!service->copyLastAgain());
-        QVERIFY(!fake.text && fake.messages.isEmpty());
+        f->load({{u"home"_qs, u"B"_qs, {}, line, line}}); // a newer set without plus
+        *fake = {};
+        QVERIFY(!f->copy->copyLastAgain());
+        QVERIFY(!fake->text && fake->messages == 0);
     }
 
     void dragPayloadFollowsTheDragFormat_data()
@@ -174,12 +138,12 @@ private slots:
         QFETCH(bool, withData);
         QFETCH(ExportFormat, recorded);
         prefs->setDragFormat(format);
-        const std::unique_ptr<QMimeData> mime(service->itemProvider(item(u"plus"_qs)));
+        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(u"plus"_qs)));
         const QString path = CopyService::dragFolder() + u'/' + file;
         QCOMPARE(mime->urls(), QList{QUrl::fromLocalFile(path)});
         QCOMPARE(mime->hasFormat(u"image/png"_qs), withData);
-        QCOMPARE(user->lastCopy()->format, recorded);
-        QVERIFY(fake.messages.isEmpty());
+        QCOMPARE(f->user->lastCopy()->format, recorded);
+        QVERIFY(fake->messages == 0);
         QFile written(path);
         QVERIFY(written.open(QIODevice::ReadOnly));
         const QByteArray bytes = written.readAll();
@@ -201,9 +165,9 @@ private slots:
     void dragFilesStayInTheirFolder()
     {
         QFETCH(QString, name);
-        load({{name, u"Bad"_qs, {}, line, std::nullopt}});
+        f->load({{name, u"Bad"_qs, {}, line, std::nullopt}});
         prefs->setDragFormat(DragFormat::svg);
-        const std::unique_ptr<QMimeData> mime(service->itemProvider(item(name)));
+        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(name)));
         QCOMPARE(mime->urls().size(), 1);
         const QFileInfo file(mime->urls().first().toLocalFile());
         QVERIFY(file.isFile());
@@ -215,14 +179,14 @@ private slots:
 
     void aPlantedLinkIsNeverWrittenThrough()
     {
-        const QString victim = dir.filePath(u"victim"_qs);
+        const QString victim = f->dir.filePath(u"victim"_qs);
         QFile(victim).open(QIODevice::WriteOnly);
         const QString link = CopyService::dragFolder() + u"/plus.svg"_qs;
         QDir().mkpath(CopyService::dragFolder());
         QFile::remove(link);
         QVERIFY(QFile::link(victim, link));
         prefs->setDragFormat(DragFormat::bestMatch);
-        const std::unique_ptr<QMimeData> mime(service->itemProvider(item(u"plus"_qs)));
+        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(u"plus"_qs)));
         QVERIFY(mime->urls().isEmpty());
         QVERIFY(mime->hasFormat(u"image/svg+xml"_qs)); // the data still travels
         QCOMPARE(QFileInfo(victim).size(), 0);
@@ -230,15 +194,16 @@ private slots:
 
     void pasteWaitsAndNeedsTrust()
     {
-        fake.trusted = false;
-        QVERIFY(!service->pasteIntoFrontApp());
-        fake.trusted = true;
-        QVERIFY(service->pasteIntoFrontApp());
-        QTest::qWait(60);
-        QCOMPARE(fake.pastes, 0);
-        QTRY_COMPARE_WITH_TIMEOUT(fake.pastes, 1, 1000);
-        QTest::qWait(100);
-        QCOMPARE(fake.pastes, 1);
+        std::function<void()> pending;
+        f->copy->setPasteScheduler([&](std::function<void()> paste) { pending = paste; });
+        fake->trusted = false;
+        QVERIFY(!f->copy->pasteIntoFrontApp());
+        QVERIFY(!pending);
+        fake->trusted = true;
+        QVERIFY(f->copy->pasteIntoFrontApp());
+        QCOMPARE(fake->pastes, 0);
+        pending();
+        QCOMPARE(fake->pastes, 1);
     }
 };
 

@@ -1,9 +1,6 @@
-#include "Catalog/PackageConverter.h"
-#include "Export/CopyService.h"
 #include "Panel/FormatMenu.h"
 #include "Panel/PickerController.h"
-#include "Picker/PickerModel.h"
-#include "State/SettingsStore.h"
+#include "PickerFixture.h"
 #include "TestData.h"
 
 #include <QApplication>
@@ -11,26 +8,12 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace std::chrono_literals;
 using PackageConverter::OutEntry;
 
 namespace {
-
-struct FakeTargets : Clipboard, HeadsUp, Paster {
-    QStringList messages;
-    int remembered = 0;
-    int pastes = 0;
-    void clear() override {}
-    void putText(const QString&) override {}
-    void putPNG(const QByteArray&, const QImage&) override {}
-    void show(const QString& message) override { messages.append(message); }
-    void rememberTarget() override { ++remembered; }
-    bool isTrusted() const override { return true; }
-    void paste() override { ++pastes; }
-};
 
 // The format menu's icons and enough others for grid moves: 24 icons, three rows.
 std::vector<OutEntry> catalogue()
@@ -57,15 +40,7 @@ QKeyEvent press(int key, Qt::KeyboardModifiers modifiers = {}, const QString& te
 class TestPickerController : public QObject {
     Q_OBJECT
 
-    QTemporaryDir dir;
-    int files = 0;
-    std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<Preferences> prefs;
-    std::unique_ptr<IconLibrary> library;
-    std::unique_ptr<UserLibrary> user;
-    FakeTargets fake;
-    std::unique_ptr<CopyService> service;
-    std::unique_ptr<PickerModel> model;
+    std::unique_ptr<PickerFixture> f;
     std::unique_ptr<PickerController> controller;
     std::chrono::steady_clock::time_point now;
     int beeps = 0;
@@ -75,22 +50,22 @@ class TestPickerController : public QObject {
     {
         QSignalSpy settings(controller.get(), &PickerController::settingsRequested);
         QSignalSpy quit(controller.get(), &PickerController::quitRequested);
-        const int index = model->selectedIndex(), focus = model->focusSearch();
-        const qsizetype messages = fake.messages.size(), favorites = user->favorites().size();
-        const IconStyle style = model->style();
+        const int index = f->model->selectedIndex(), focus = f->model->focusSearch();
+        const qsizetype messages = f->targets.messages, favorites = f->user->favorites().size();
+        const IconStyle style = f->model->style();
         const int beepsBefore = beeps;
         consumed = controller->handle(event);
 
         QStringList effects;
-        if (model->selectedIndex() != index)
-            effects << QStringLiteral("move:%1").arg(model->selectedIndex() - index);
-        if (fake.messages.size() > messages)
-            effects << u"copy:"_qs + rawValue(user->lastCopy()->format);
-        if (user->favorites().size() != favorites)
+        if (f->model->selectedIndex() != index)
+            effects << QStringLiteral("move:%1").arg(f->model->selectedIndex() - index);
+        if (f->targets.messages > messages)
+            effects << u"copy:"_qs + rawValue(f->user->lastCopy()->format);
+        if (f->user->favorites().size() != favorites)
             effects << u"favorite"_qs;
-        if (model->focusSearch() != focus)
+        if (f->model->focusSearch() != focus)
             effects << u"focus"_qs;
-        if (model->style() != style)
+        if (f->model->style() != style)
             effects << u"style"_qs;
         if (controller->showingMenu())
             effects << u"menu"_qs;
@@ -110,21 +85,11 @@ private slots:
 
     void init()
     {
-        store = std::make_unique<SettingsStore>(dir.filePath(QStringLiteral("s-%1").arg(++files)));
-        prefs = std::make_unique<Preferences>(*store);
-        prefs->setAfterCopy(AfterCopy::keepOpen);
-        prefs->setPickerPosition(PickerPosition::centered);
-        QFile file(dir.filePath(QStringLiteral("catalogue-%1.json").arg(++files)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(PackageConverter::OutFile{"1.0", catalogue()}.encode());
-        file.close();
-        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
-        user = std::make_unique<UserLibrary>(*store, *prefs, [](const QString&) { return true; });
-        fake = {};
-        service = std::make_unique<CopyService>(*library, *user, *prefs, fake, fake, fake);
-        model = std::make_unique<PickerModel>(*library, *user, *prefs, service.get());
-        controller =
-            std::make_unique<PickerController>(*model, *prefs, *user, *service, fake, nullptr);
+        f = std::make_unique<PickerFixture>(catalogue());
+        f->prefs.setAfterCopy(AfterCopy::keepOpen);
+        f->prefs.setPickerPosition(PickerPosition::centered);
+        controller = std::make_unique<PickerController>(*f->model, f->prefs, *f->user, *f->copy,
+                                                        f->targets, nullptr);
         controller->setRootUrl(
             QUrl::fromLocalFile(TestData::sourcePath(u"tests/Panel/PanelStandIn.qml"_qs)));
         controller->setClock([this] { return now; });
@@ -135,12 +100,12 @@ private slots:
     void cleanup()
     {
         controller.reset();
-        model.reset();
+        f.reset();
     }
 
     void showPlacesTheWindowAndChoosesTheTab()
     {
-        prefs->setPickerPosition(PickerPosition::underMenuBarIcon);
+        f->prefs.setPickerPosition(PickerPosition::underMenuBarIcon);
         controller->setTrayIconGeometry([] { return QRect(); }); // the tray does not say
         controller->show(PickerTab::favorites());
         QQuickWindow* panel = controller->panel();
@@ -149,23 +114,23 @@ private slots:
         QCOMPARE(panel->title(), u"Pictray"_qs);
         QCOMPARE(panel->flags() & (Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
                  Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        QCOMPARE(model->tab(), PickerTab::favorites());
+        QCOMPARE(f->model->tab(), PickerTab::favorites());
         QCOMPARE(controller->popoverState().arrowX(), 740.0);
         const QRegion shape = panel->mask();
         QVERIFY(shape.contains(QPoint(740, 1)) && shape.contains(QPoint(390, 400)));
         QVERIFY(!shape.contains(QPoint(0, 11)) && !shape.contains(QPoint(700, 2)));
 
         controller->show(); // re-placed, still the same target to paste into
-        QCOMPARE(fake.remembered, 1);
-        QCOMPARE(model->tab(), PickerTab::favorites());
+        QCOMPARE(f->targets.remembered, 1);
+        QCOMPARE(f->model->tab(), PickerTab::favorites());
 
         controller->hide();
-        prefs->setShowCategoryBar(false);
-        prefs->setPickerPosition(PickerPosition::centered);
+        f->prefs.setShowCategoryBar(false);
+        f->prefs.setPickerPosition(PickerPosition::centered);
         controller->show();
-        QCOMPARE(model->tab(), PickerTab::all());
+        QCOMPARE(f->model->tab(), PickerTab::all());
         QCOMPARE(panel->size(), QSize(780, 730)); // no arrow
-        QCOMPARE(fake.remembered, 2);
+        QCOMPARE(f->targets.remembered, 2);
     }
 
     // A panel whose QML does not load is an empty window, not a crash: the
@@ -173,7 +138,7 @@ private slots:
     void brokenPanelQMLLeavesAWorkingController()
     {
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("picker panel's QML did not load"));
-        controller->setRootUrl(QUrl::fromLocalFile(dir.filePath(u"missing.qml"_qs)));
+        controller->setRootUrl(QUrl::fromLocalFile(f->dir.filePath(u"missing.qml"_qs)));
         controller->show();
         QVERIFY(controller->isVisible());
         QVERIFY(controller->panel()->contentItem()->childItems().isEmpty());
@@ -236,10 +201,10 @@ private slots:
         QFETCH(Qt::KeyboardModifiers, modifiers);
         QFETCH(QString, effect);
 
-        prefs->setPng2x(false);
-        prefs->setPng3x(false);
+        f->prefs.setPng2x(false);
+        f->prefs.setPng3x(false);
         controller->show();
-        model->setSelectedID(model->resultNames().at(10));
+        f->model->setSelectedID(f->model->resultNames().at(10));
         bool consumed = false;
         QCOMPARE(effectOf(press(key, modifiers), consumed), effect);
         QCOMPARE(consumed, !effect.isEmpty());
@@ -250,8 +215,8 @@ private slots:
     void nothingToCopyBeeps()
     {
         controller->show();
-        model->setSelectedID({});
-        model->setTab(PickerTab::favorites()); // none yet: no icon at all
+        f->model->setSelectedID({});
+        f->model->setTab(PickerTab::favorites()); // none yet: no icon at all
         bool consumed = false;
         QCOMPARE(effectOf(press(Qt::Key_Return), consumed), u"beep"_qs);
         QCOMPARE(effectOf(press(Qt::Key_Return, Qt::ControlModifier), consumed), u"beep"_qs);
@@ -278,17 +243,17 @@ private slots:
         QFETCH(QString, query);
 
         controller->show();
-        model->setQuery(u"arr"_qs);
+        f->model->setQuery(u"arr"_qs);
         QVERIFY(controller->handle(press(Qt::Key_Escape)));
-        QCOMPARE(model->query(), QString());
+        QCOMPARE(f->model->query(), QString());
         QVERIFY(controller->isVisible());
 
         now += std::chrono::milliseconds(afterMs);
         if (!typed.isEmpty())
-            model->setQuery(typed);
+            f->model->setQuery(typed);
         QVERIFY(controller->handle(press(Qt::Key_Escape)));
         QCOMPARE(controller->isVisible(), visible);
-        QCOMPARE(model->query(), query);
+        QCOMPARE(f->model->query(), query);
     }
 
     void afterCopy_data()
@@ -308,12 +273,12 @@ private slots:
         QFETCH(bool, visible);
         QFETCH(int, pastes);
 
-        prefs->setAfterCopy(setting);
+        f->prefs.setAfterCopy(setting);
+        f->copy->setPasteScheduler([](const std::function<void()>& paste) { paste(); });
         controller->show();
         QVERIFY(controller->handle(press(Qt::Key_Return)));
         QCOMPARE(controller->isVisible(), visible);
-        QTest::qWait(300); // the paste follows the copy after a short delay
-        QCOMPARE(fake.pastes, pastes);
+        QCOMPARE(f->targets.pastes, pastes);
         if (visible) // keep open: the keys keep working
             QVERIFY(controller->handle(press(Qt::Key_Right)));
     }
@@ -324,16 +289,16 @@ private slots:
         QQuickWindow* panel = controller->panel();
         QTRY_VERIFY(panel->isActive());
         QTest::keyClick(panel, Qt::Key_A);
-        QCOMPARE(model->query(), u"a"_qs);
-        const int index = model->selectedIndex();
+        QCOMPARE(f->model->query(), u"a"_qs);
+        const int index = f->model->selectedIndex();
         QTest::keyClick(panel, Qt::Key_Right);
-        QCOMPARE(model->query(), u"a"_qs);
-        QCOMPARE(model->selectedIndex(), index + 1);
+        QCOMPARE(f->model->query(), u"a"_qs);
+        QCOMPARE(f->model->selectedIndex(), index + 1);
 
         controller->hide(); // and the monitor goes with it
         QKeyEvent right = press(Qt::Key_Right);
         QCoreApplication::sendEvent(panel, &right);
-        QCOMPARE(model->selectedIndex(), index + 1);
+        QCOMPARE(f->model->selectedIndex(), index + 1);
     }
 
     void losingTheKeyboardHidesExceptForTheMenu()
@@ -390,10 +355,10 @@ private slots:
         QFETCH(bool, png3);
         QFETCH(QStringList, items);
 
-        prefs->setPng1x(png1);
-        prefs->setPng2x(png2);
-        prefs->setPng3x(png3);
-        model->setFormat(ExportFormat::vue);
+        f->prefs.setPng1x(png1);
+        f->prefs.setPng2x(png2);
+        f->prefs.setPng3x(png3);
+        f->model->setFormat(ExportFormat::vue);
         controller->show();
         controller->showFormatMenu();
         FormatMenu* menu = controller->formatMenu();
@@ -412,7 +377,7 @@ private slots:
             if (action->isChecked())
                 checked << seen.last();
             if (format) {
-                QCOMPARE(action->text(), Formats::label(*format, prefs->reactLanguage()));
+                QCOMPARE(action->text(), Formats::label(*format, f->prefs.reactLanguage()));
                 QVERIFY(!action->icon().isNull());
             }
         }
@@ -421,7 +386,7 @@ private slots:
         QCOMPARE(menu->actions().at(3)->shortcut(), QKeySequence(Qt::ALT | Qt::Key_3));
 
         menu->actions().at(1)->trigger(); // SVG
-        QCOMPARE(user->lastCopy()->format, ExportFormat::svg);
+        QCOMPARE(f->user->lastCopy()->format, ExportFormat::svg);
         QSignalSpy settings(controller.get(), &PickerController::settingsRequested);
         menu->actions().last()->trigger();
         QCOMPARE(settings.value(0).value(0).toInt(), 1);
@@ -436,7 +401,7 @@ private slots:
         dark.setColor(QPalette::Window, Qt::black);
         dark.setColor(QPalette::Text, Qt::white);
         QApplication::setPalette(dark);
-        const FormatMenu menu(*prefs, *library, ExportFormat::svg, Rendition::pc);
+        const FormatMenu menu(f->prefs, *f->library, ExportFormat::svg, Rendition::pc);
         QApplication::setPalette(original);
         const QImage image = menu.actions().at(1)->icon().pixmap(15).toImage();
         int light = 0, darker = 0;

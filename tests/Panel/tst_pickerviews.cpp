@@ -1,17 +1,13 @@
-#include "Export/IconCopier.h"
 #include "Panel/PopoverState.h"
-#include "Picker/PickerModel.h"
 #include "Panel/Views/PickerBindings.h"
 #include "Panel/Views/PictrayQml.h"
+#include "PickerFixture.h"
 #include "QuickItems.h"
-#include "State/SettingsStore.h"
-#include "TestData.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -25,24 +21,12 @@ public:
     Q_INVOKABLE void startDrag(const QString& name) { calls.append(u"drag "_qs + name); }
 };
 
-struct CountingCopier : IconCopier {
-    int copies = 0;
-    bool copy(const IconExport&, ExportFormat) override { return ++copies > 0; }
-};
-
 } // namespace
 
 class TestPickerViews : public QObject {
     Q_OBJECT
 
-    QTemporaryDir dir;
-    int files = 0;
-    std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<Preferences> prefs;
-    std::unique_ptr<IconLibrary> library;
-    std::unique_ptr<UserLibrary> user;
-    CountingCopier copier;
-    std::unique_ptr<PickerModel> model;
+    std::unique_ptr<PickerFixture> f;
     PopoverState popover;
     StandInController controller;
     std::unique_ptr<QQmlEngine> engine;
@@ -66,18 +50,19 @@ class TestPickerViews : public QObject {
         QQuickItem* found = item(name);
         return found && found->isVisible();
     }
-    // Lets the bindings, layouts and Qt.callLater run.
+    // Lets the bindings, layouts and Qt.callLater run; grabbing a frame
+    // polishes and lays out every item that asked for it.
     void settle()
     {
         QCoreApplication::processEvents();
-        window->contentItem()->polish();
-        QTest::qWait(20);
+        window->grabWindow();
+        QCoreApplication::processEvents();
     }
     PickerTab categoryWithoutFilled() const
     {
-        for (const QString& category : library->categories()) {
-            const bool anyFilled =
-                std::any_of(library->icons().cbegin(), library->icons().cend(), [&](const Icon& i) {
+        for (const QString& category : f->library->categories()) {
+            const bool anyFilled = std::any_of(
+                f->library->icons().cbegin(), f->library->icons().cend(), [&](const Icon& i) {
                     return i.category() == category && i.has(IconStyle::filled);
                 });
             if (!anyFilled)
@@ -87,39 +72,24 @@ class TestPickerViews : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        // Pixels read back the same on every machine.
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        library = std::make_unique<IconLibrary>(
-            IconLibrary::Sources{TestData::shippedCatalogue(), dir.filePath(u"dl.json"_qs)});
-        QVERIFY(library->iconCount() > 5000);
-    }
+    // Pixels read back the same on every machine.
+    void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
 
     void init()
     {
         root = nullptr;
         window.reset();
         engine.reset();
-        model.reset();
-        user.reset();
-        prefs.reset();
-        store = std::make_unique<SettingsStore>(
-            dir.filePath(QStringLiteral("settings-%1.conf").arg(++files)));
-        prefs = std::make_unique<Preferences>(*store);
-        user = std::make_unique<UserLibrary>(
-            *store, *prefs, [this](const QString& name) { return !library->icon(name).isNull(); });
-        model = std::make_unique<PickerModel>(*library, *user, *prefs, &copier);
+        f = std::make_unique<PickerFixture>();
         popover.setArrowX(-1);
         controller.calls.clear();
-        copier.copies = 0;
 
         engine = std::make_unique<QQmlEngine>();
-        registerPictrayQml(*engine, *library);
+        registerPictrayQml(*engine, *f->library);
         QQmlComponent component(engine.get(), QUrl(u"qrc:/Pictray/Picker/PopoverRoot.qml"_qs));
         QVERIFY2(component.isReady(), qPrintable(component.errorString()));
         QObject* created = component.createWithInitialProperties(
-            {{u"model"_qs, QVariant::fromValue<QObject*>(model.get())},
+            {{u"model"_qs, QVariant::fromValue<QObject*>(f->model.get())},
              {u"popover"_qs, QVariant::fromValue<QObject*>(&popover)},
              {u"controller"_qs, QVariant::fromValue<QObject*>(&controller)}});
         QVERIFY2(created, qPrintable(component.errorString()));
@@ -162,10 +132,10 @@ private slots:
                                categoryWithoutFilled()};
         if (tab == 2 && tabs[2] == PickerTab::all())
             QSKIP("every category of this catalogue has filled icons");
-        model->setTab(tabs[tab]);
-        model->setStyle(filled ? IconStyle::filled : IconStyle::outline);
+        f->model->setTab(tabs[tab]);
+        f->model->setStyle(filled ? IconStyle::filled : IconStyle::outline);
         settle();
-        QCOMPARE(model->resultCount(), 0);
+        QCOMPARE(f->model->resultCount(), 0);
         QVERIFY(shown(u"emptyGridText"_qs));
         QCOMPARE(text(u"emptyGridText"_qs), expected);
         QVERIFY(!shown(u"emptyResultsTitle"_qs));
@@ -188,14 +158,14 @@ private slots:
         QFETCH(int, tab);
         QFETCH(bool, filled);
         QFETCH(QString, hintTail);
-        const QString category = library->categories().constFirst();
+        const QString category = f->library->categories().constFirst();
         const PickerTab tabs[]{PickerTab::all(), PickerTab::recents(),
                                PickerTab::ofCategory(category)};
         if (tab == 2)
             hintTail = u" You\u2019re searching in "_qs + category + u" only."_qs;
-        model->setTab(tabs[tab]);
-        model->setStyle(filled ? IconStyle::filled : IconStyle::outline);
-        model->setQuery(u"zzzz"_qs);
+        f->model->setTab(tabs[tab]);
+        f->model->setStyle(filled ? IconStyle::filled : IconStyle::outline);
+        f->model->setQuery(u"zzzz"_qs);
         settle();
         QVERIFY(shown(u"emptyResultsTitle"_qs));
         QVERIFY(!shown(u"iconGrid"_qs));
@@ -207,14 +177,14 @@ private slots:
 
     void nearMatchesAreQuotedAndDrawn()
     {
-        model->setQuery(u"arrowz"_qs);
+        f->model->setQuery(u"arrowz"_qs);
         settle();
         QVERIFY(shown(u"emptyResultsTitle"_qs));
-        const QStringList words = library->nearMatches(u"arrowz", 5).words;
+        const QStringList words = f->library->nearMatches(u"arrowz", 5).words;
         QVERIFY(!words.isEmpty());
         QVERIFY(text(u"nearMatchLine"_qs)
                     .startsWith(u"Close by tag: \u201C"_qs + words.first() + u"\u201D"_qs));
-        const QString first = library->nearMatches(u"arrowz", 5).icons.constFirst().id();
+        const QString first = f->library->nearMatches(u"arrowz", 5).icons.constFirst().id();
         QVERIFY(shown(u"nearMatch_"_qs + first));
     }
 
@@ -227,24 +197,24 @@ private slots:
         };
         QCOMPARE(hints(), (QStringList{u"\u21B5"_qs, u"Copy"_qs, u"Ctrl+D"_qs, u"Favorite"_qs,
                                        u"Drag any icon into Figma, Keynote or Slack"_qs}));
-        model->setQuery(u"arrow"_qs);
+        f->model->setQuery(u"arrow"_qs);
         settle();
         QCOMPARE(hints(), (QStringList{u"esc"_qs, u"Clear"_qs, u"esc esc"_qs, u"Close panel"_qs,
-                                       IconLibrary::number(library->iconCount()) +
+                                       IconLibrary::number(f->library->iconCount()) +
                                            u" icons \u00B7 works offline"_qs}));
     }
 
     void copyButtonTitleAndFrame()
     {
-        model->setFormat(ExportFormat::svg);
+        f->model->setFormat(ExportFormat::svg);
         settle();
         QCOMPARE(text(u"copyButtonText"_qs), u"Copy Raw SVG"_qs);
-        prefs->setReactLanguage(ReactLanguage::jsx);
-        model->setFormat(ExportFormat::jsx);
+        f->prefs.setReactLanguage(ReactLanguage::jsx);
+        f->model->setFormat(ExportFormat::jsx);
         QTRY_COMPARE(text(u"copyButtonText"_qs), u"Copy React / JSX"_qs);
 
         // The frame is in the body's coordinates: inside it, at the lower right.
-        const QRectF frame = model->copyButtonFrame();
+        const QRectF frame = f->model->copyButtonFrame();
         QVERIFY2(QRectF(0, 0, 780, 730).contains(frame), qPrintable(u"%1,%2 %3x%4"_qs.arg(frame.x())
                                                                         .arg(frame.y())
                                                                         .arg(frame.width())
@@ -252,28 +222,28 @@ private slots:
         QVERIFY(frame.left() > 780 - 300 && frame.top() > 600 && frame.height() > 20);
         popover.setArrowX(400);
         settle();
-        QCOMPARE(model->copyButtonFrame(), frame); // the arrow moves the body, not the frame
+        QCOMPARE(f->model->copyButtonFrame(), frame); // the arrow moves the body, not the frame
 
         QTest::mouseClick(window.get(), Qt::LeftButton, {},
                           (frame.center() + QPointF(0, 11)).toPoint());
-        QCOMPARE(copier.copies, 1);
+        QCOMPARE(f->targets.messages, 1);
     }
 
     void chipsFollowTheTabs()
     {
         QQuickItem* list = item(u"chipsList"_qs);
         QVERIFY(list && list->isVisible());
-        QCOMPARE(list->property("count").toInt(), model->tabs().size());
+        QCOMPARE(list->property("count").toInt(), f->model->tabs().size());
         QCOMPARE(text(u"chipText0"_qs), u"All"_qs);
         QCOMPARE(text(u"chipText1"_qs), u"Favorites"_qs);
         QCOMPARE(text(u"chipText2"_qs), u"Recents"_qs);
-        QCOMPARE(text(u"chipText3"_qs), library->categories().constFirst());
+        QCOMPARE(text(u"chipText3"_qs), f->library->categories().constFirst());
 
         QQuickItem* chip = item(u"chip2"_qs);
         QTest::mouseClick(
             window.get(), Qt::LeftButton, {},
             chip->mapToScene(QPointF(chip->width() / 2, chip->height() / 2)).toPoint());
-        QCOMPARE(model->tab(), PickerTab::recents());
+        QCOMPARE(f->model->tab(), PickerTab::recents());
 
         // Paging moves by 0.7 of the visible width and updates both arrows.
         QObject* wheel = item(u"chipsWheel"_qs);
@@ -283,30 +253,30 @@ private slots:
         QVERIFY(qAbs(list->property("contentX").toDouble() - 0.7 * list->width()) < 1);
         QCOMPARE(wheel->property("canLeft").toBool(), true);
 
-        prefs->setShowCategoryBar(false);
+        f->prefs.setShowCategoryBar(false);
         settle();
         QVERIFY(!list->isVisible());
     }
 
     void cellsSelectAndCopyOnce()
     {
-        model->setQuery(u"arrow"_qs);
+        f->model->setQuery(u"arrow"_qs);
         settle();
-        const QString second = model->resultNames().at(1);
+        const QString second = f->model->resultNames().at(1);
         QQuickItem* cell = item(u"cell_"_qs + second);
         QVERIFY(cell);
         const QPoint at = cell->mapToScene(QPointF(cell->width() / 2, 29)).toPoint();
         QTest::mouseDClick(window.get(), Qt::LeftButton, {}, at);
-        QCOMPARE(model->selectedID(), second);
-        QCOMPARE(copier.copies, 1);
+        QCOMPARE(f->model->selectedID(), second);
+        QCOMPARE(f->targets.messages, 1);
     }
 
     void gridScrollsToTheSelectionAndDrawsItsGlyph()
     {
-        model->setColor(u"#DC2626"_qs);
-        model->move(0, 100000); // the last icon
+        f->model->setColor(u"#DC2626"_qs);
+        f->model->move(0, 100000); // the last icon
         settle();
-        const QString last = model->resultNames().constLast();
+        const QString last = f->model->resultNames().constLast();
         QQuickItem* cell = item(u"cell_"_qs + last);
         QVERIFY(cell && cell->isVisible());
         const QRectF inGrid = cell->mapRectToItem(item(u"iconGrid"_qs), cell->boundingRect());

@@ -1,12 +1,8 @@
-#include "Catalog/PackageConverter.h"
-#include "Export/IconCopier.h"
-#include "Picker/PickerModel.h"
 #include "Picker/PickerResultsModel.h"
-#include "State/SettingsStore.h"
+#include "PickerFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 using PackageConverter::OutEntry;
@@ -38,91 +34,48 @@ const std::vector<OutEntry>& entries()
     return list;
 }
 
-struct RecordingCopier : IconCopier {
-    QList<std::pair<IconExport, ExportFormat>> calls;
-    bool succeed = true;
-    bool copy(const IconExport& icon, ExportFormat format) override
-    {
-        calls.append({icon, format});
-        return succeed;
-    }
-};
-
 } // namespace
 
 class TestPickerModel : public QObject {
     Q_OBJECT
 
-    QTemporaryDir dir;
-    int files = 0;
-    std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<Preferences> prefs;
-    std::unique_ptr<IconLibrary> library;
-    std::unique_ptr<UserLibrary> user;
-    RecordingCopier copier;
-    std::unique_ptr<PickerModel> model;
-
-    void build(const std::vector<OutEntry>& icons = entries())
-    {
-        model.reset();
-        QFile file(dir.filePath(QStringLiteral("catalogue-%1.json").arg(++files)));
-        if (!file.open(QIODevice::WriteOnly) ||
-            !file.write(PackageConverter::OutFile{"1.0", icons}.encode()))
-            qFatal("cannot write the catalogue");
-        file.close();
-        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
-        user = std::make_unique<UserLibrary>(
-            *store, *prefs, [this](const QString& name) { return !library->icon(name).isNull(); });
-        model = std::make_unique<PickerModel>(*library, *user, *prefs, &copier);
-    }
+    std::unique_ptr<PickerFixture> f;
 
     void recordCopy(const QString& name)
     {
         UserLibrary::LastCopy copy;
         copy.name = name;
-        user->recordCopy(copy);
+        f->user->recordCopy(copy);
     }
 
 private slots:
-    void init()
-    {
-        model.reset();
-        user.reset();
-        prefs.reset();
-        // A new file per test: QSettings caches what it read by path.
-        store = std::make_unique<SettingsStore>(
-            dir.filePath(QStringLiteral("settings-%1.conf").arg(++files)));
-        prefs = std::make_unique<Preferences>(*store);
-        copier.calls.clear();
-        copier.succeed = true;
-        build();
-    }
+    void init() { f = std::make_unique<PickerFixture>(entries()); }
 
     void constructionStartsOnHeartWithTheDefaults()
     {
-        QCOMPARE(model->selectedID(), u"heart"_qs);
-        QCOMPARE(model->tabs().at(3), PickerTab::ofCategory(u"Arrows"_qs));
+        QCOMPARE(f->model->selectedID(), u"heart"_qs);
+        QCOMPARE(f->model->tabs().at(3), PickerTab::ofCategory(u"Arrows"_qs));
 
-        prefs->setDefaultStyle(IconStyle::filled);
-        prefs->setDefaultColor(u"#ff0000"_qs);
-        prefs->setDefaultSize(40);
-        prefs->setDefaultStroke(1.25);
-        prefs->setDefaultFormat(ExportFormat::vue);
+        f->prefs.setDefaultStyle(IconStyle::filled);
+        f->prefs.setDefaultColor(u"#ff0000"_qs);
+        f->prefs.setDefaultSize(40);
+        f->prefs.setDefaultStroke(1.25);
+        f->prefs.setDefaultFormat(ExportFormat::vue);
         std::vector<OutEntry> noHeart = entries();
         std::erase_if(noHeart, [](const OutEntry& e) { return e.n == u"heart"_qs; });
-        build(noHeart);
-        QCOMPARE(model->selectedID(), u"arrow-left"_qs); // the first filled icon
-        QCOMPARE(model->currentExport(),
-                 std::optional(IconExport{library->icon(u"arrow-left"), IconStyle::filled, 40, 1.25,
-                                          u"#ff0000"_qs}));
-        QCOMPARE(model->format(), ExportFormat::vue);
+        f->load(noHeart);
+        QCOMPARE(f->model->selectedID(), u"arrow-left"_qs); // the first filled icon
+        QCOMPARE(f->model->currentExport(),
+                 std::optional(IconExport{f->library->icon(u"arrow-left"), IconStyle::filled, 40,
+                                          1.25, u"#ff0000"_qs}));
+        QCOMPARE(f->model->format(), ExportFormat::vue);
 
-        build({});
-        QVERIFY(model->selectedID().isEmpty());
-        QSignalSpy nothing(model.get(), &PickerModel::nothingToCopy);
-        QVERIFY(!model->copy());
+        f->load({});
+        QVERIFY(f->model->selectedID().isEmpty());
+        QSignalSpy nothing(f->model.get(), &PickerModel::nothingToCopy);
+        QVERIFY(!f->model->copy());
         QCOMPARE(nothing.size(), 1);
-        QVERIFY(copier.calls.isEmpty());
+        QVERIFY(f->targets.messages == 0);
     }
 
     void tabLists_data()
@@ -155,46 +108,46 @@ private slots:
         QFETCH(QString, query);
         QFETCH(QStringList, expected);
         for (const char* name : {"star", "gone", "calendar", "bell"})
-            user->toggleFavorite(QString::fromLatin1(name));
+            f->user->toggleFavorite(QString::fromLatin1(name));
         for (const char* name : {"home", "gone", "mail"})
             recordCopy(QString::fromLatin1(name));
-        model->setTab(tab);
-        model->setStyle(style);
-        model->setQuery(query);
-        QCOMPARE(model->resultNames(), expected);
-        QVERIFY(expected.isEmpty() || expected.contains(model->selectedID()));
+        f->model->setTab(tab);
+        f->model->setStyle(style);
+        f->model->setQuery(query);
+        QCOMPARE(f->model->resultNames(), expected);
+        QVERIFY(expected.isEmpty() || expected.contains(f->model->selectedID()));
     }
 
     void queryAndStyleMoveTheSelection()
     {
-        model->setSelectedID(u"home"_qs);
-        int scrolls = model->scrollRequest();
-        QSignalSpy resultsChanged(model.get(), &PickerModel::resultsChanged);
-        model->setQuery(u"a"_qs);
-        QCOMPARE(model->selectedID(), model->results().first().id());
-        QCOMPARE(model->scrollRequest(), ++scrolls);
-        model->setQuery(u"a"_qs); // unchanged: nothing happens
+        f->model->setSelectedID(u"home"_qs);
+        int scrolls = f->model->scrollRequest();
+        QSignalSpy resultsChanged(f->model.get(), &PickerModel::resultsChanged);
+        f->model->setQuery(u"a"_qs);
+        QCOMPARE(f->model->selectedID(), f->model->results().first().id());
+        QCOMPARE(f->model->scrollRequest(), ++scrolls);
+        f->model->setQuery(u"a"_qs); // unchanged: nothing happens
         QCOMPARE(resultsChanged.size(), 1);
 
-        model->setQuery({});
-        model->setSelectedID(u"bell"_qs);
-        scrolls = model->scrollRequest();
-        model->setStyle(IconStyle::filled); // bell has a filled form: kept, no scroll
-        QCOMPARE(model->selectedID(), u"bell"_qs);
-        QCOMPARE(model->scrollRequest(), scrolls);
-        model->setStyle(IconStyle::outline);
-        model->setSelectedID(u"calendar"_qs);
-        model->setStyle(IconStyle::filled); // calendar has none: the first result
-        QCOMPARE(model->selectedID(), u"arrow-left"_qs);
-        QCOMPARE(model->scrollRequest(), scrolls + 1);
+        f->model->setQuery({});
+        f->model->setSelectedID(u"bell"_qs);
+        scrolls = f->model->scrollRequest();
+        f->model->setStyle(IconStyle::filled); // bell has a filled form: kept, no scroll
+        QCOMPARE(f->model->selectedID(), u"bell"_qs);
+        QCOMPARE(f->model->scrollRequest(), scrolls);
+        f->model->setStyle(IconStyle::outline);
+        f->model->setSelectedID(u"calendar"_qs);
+        f->model->setStyle(IconStyle::filled); // calendar has none: the first result
+        QCOMPARE(f->model->selectedID(), u"arrow-left"_qs);
+        QCOMPARE(f->model->scrollRequest(), scrolls + 1);
 
         // No results: the selection is kept, not cleared, and moves do nothing.
-        model->setQuery(u"zzzz"_qs);
-        scrolls = model->scrollRequest();
-        model->move(1, 0);
-        QCOMPARE(model->selectedID(), u"arrow-left"_qs);
-        QCOMPARE(model->selectedIndex(), -1);
-        QCOMPARE(model->scrollRequest(), scrolls);
+        f->model->setQuery(u"zzzz"_qs);
+        scrolls = f->model->scrollRequest();
+        f->model->move(1, 0);
+        QCOMPARE(f->model->selectedID(), u"arrow-left"_qs);
+        QCOMPARE(f->model->selectedIndex(), -1);
+        QCOMPARE(f->model->scrollRequest(), scrolls);
     }
 
     void move_data()
@@ -219,12 +172,12 @@ private slots:
         QFETCH(int, dx);
         QFETCH(int, dy);
         QFETCH(int, to);
-        model->setSelectedID(from >= 0 ? model->resultNames().at(from) : u"not-listed"_qs);
-        const int scrolls = model->scrollRequest();
-        model->move(dx, dy);
-        QCOMPARE(model->selectedIndex(), to);
-        QCOMPARE(model->selectedID(), model->results().at(to).id());
-        QCOMPARE(model->scrollRequest(), scrolls + 1);
+        f->model->setSelectedID(from >= 0 ? f->model->resultNames().at(from) : u"not-listed"_qs);
+        const int scrolls = f->model->scrollRequest();
+        f->model->move(dx, dy);
+        QCOMPARE(f->model->selectedIndex(), to);
+        QCOMPARE(f->model->selectedID(), f->model->results().at(to).id());
+        QCOMPARE(f->model->scrollRequest(), scrolls + 1);
     }
 
     void prepareForShow_data()
@@ -246,38 +199,38 @@ private slots:
         QFETCH(QString, query);
         QFETCH(QString, after);
         QFETCH(int, scrolls);
-        prefs->setKeepLastSearch(keepLastSearch);
-        model->setQuery(query);
-        model->setTab(PickerTab::recents());
-        const int scrollBefore = model->scrollRequest(), focusBefore = model->focusSearch();
-        model->prepareForShow();
-        QCOMPARE(model->query(), after);
-        QCOMPARE(model->tab(), PickerTab::recents());
-        QCOMPARE(model->focusSearch(), focusBefore + 1);
-        QCOMPARE(model->scrollRequest(), scrollBefore + scrolls);
+        f->prefs.setKeepLastSearch(keepLastSearch);
+        f->model->setQuery(query);
+        f->model->setTab(PickerTab::recents());
+        const int scrollBefore = f->model->scrollRequest(), focusBefore = f->model->focusSearch();
+        f->model->prepareForShow();
+        QCOMPARE(f->model->query(), after);
+        QCOMPARE(f->model->tab(), PickerTab::recents());
+        QCOMPARE(f->model->focusSearch(), focusBefore + 1);
+        QCOMPARE(f->model->scrollRequest(), scrollBefore + scrolls);
     }
 
     void copyUsesTheModelsLook()
     {
-        QSignalSpy copied(model.get(), &PickerModel::copied);
-        model->setStyle(IconStyle::filled);
-        model->setColor(u"#ff0000"_qs);
-        model->setSize(32);
-        model->setStroke(1.5);
-        model->setFormat(ExportFormat::tailwind);
-        model->setSelectedID(u"bell"_qs);
-        QVERIFY(model->copy());
-        QVERIFY(model->copy(ExportFormat::png2));
-        const IconExport bell{library->icon(u"bell"), IconStyle::filled, 32, 1.5, u"#ff0000"_qs};
-        QCOMPARE(copier.calls, (QList<std::pair<IconExport, ExportFormat>>{
-                                   {bell, ExportFormat::tailwind}, {bell, ExportFormat::png2}}));
+        QSignalSpy copied(f->model.get(), &PickerModel::copied);
+        f->model->setStyle(IconStyle::filled);
+        f->model->setColor(u"#ff0000"_qs);
+        f->model->setSize(32);
+        f->model->setStroke(1.5);
+        f->model->setFormat(ExportFormat::tailwind);
+        f->model->setSelectedID(u"bell"_qs);
+        QVERIFY(f->model->copy());
+        QCOMPARE(f->user->lastCopy(), std::optional(UserLibrary::LastCopy{
+                                          u"bell"_qs, IconStyle::filled, ExportFormat::tailwind,
+                                          u"#ff0000"_qs, 32, 1.5}));
+        QVERIFY(f->model->copy(ExportFormat::png2));
+        QCOMPARE(f->user->lastCopy()->format, ExportFormat::png2);
         QCOMPARE(copied.size(), 2);
 
-        copier.succeed = false;
-        QVERIFY(!model->copy());
-        QCOMPARE(copied.size(), 2);
-        PickerModel withoutCopier(*library, *user, *prefs, nullptr);
+        PickerModel withoutCopier(*f->library, *f->user, f->prefs, nullptr);
+        const QSignalSpy notCopied(&withoutCopier, &PickerModel::copied);
         QVERIFY(!withoutCopier.copy());
+        QVERIFY(notCopied.isEmpty());
     }
 
     void computedProperties_data()
@@ -304,26 +257,15 @@ private slots:
         QFETCH(QString, query);
         QFETCH(QString, select);
         QFETCH(QString, countLabel);
-        model->setStyle(style);
-        model->setQuery(query);
+        f->model->setStyle(style);
+        f->model->setQuery(query);
         if (!select.isEmpty())
-            model->setSelectedID(select);
-        QCOMPARE(model->countLabel(), countLabel);
-        QCOMPARE(model->isSearching(), !countLabel.isEmpty());
-        QTEST(model->strokeEnabled(), "strokeEnabled");
-        QCOMPARE(model->placeholder(),
+            f->model->setSelectedID(select);
+        QCOMPARE(f->model->countLabel(), countLabel);
+        QCOMPARE(f->model->isSearching(), !countLabel.isEmpty());
+        QTEST(f->model->strokeEnabled(), "strokeEnabled");
+        QCOMPARE(f->model->placeholder(),
                  style == IconStyle::filled ? u"Search 11 icons"_qs : u"Search 19 icons"_qs);
-    }
-
-    void labelsGroupThousands()
-    {
-        std::vector<OutEntry> many;
-        for (int i = 0; i < 1234; ++i)
-            many.push_back({u"box-%1"_qs.arg(i), u"Shapes"_qs, {}, PathList{"M0 0h1"}, {}});
-        build(many);
-        model->setQuery(u"box"_qs);
-        QCOMPARE(model->countLabel(), u"1,234 results"_qs);
-        QCOMPARE(model->placeholder(), u"Search 1,234 icons"_qs);
     }
 
     void swatches_data()
@@ -344,10 +286,10 @@ private slots:
         QFETCH(QString, defaultColor);
         QFETCH(QString, color);
         QFETCH(QStringList, extras);
-        prefs->setDefaultColor(defaultColor);
-        model->setColor(color);
+        f->prefs.setDefaultColor(defaultColor);
+        f->model->setColor(color);
         QStringList labels;
-        for (const ColorSwatch& swatch : model->swatches())
+        for (const ColorSwatch& swatch : f->model->swatches())
             labels.append(swatch.label);
         QCOMPARE(labels.size(), 12 + extras.size());
         QCOMPARE(labels.mid(12), extras);
@@ -355,81 +297,81 @@ private slots:
 
     void defaultsFollowTheSettings()
     {
-        QSignalSpy swatchesChanged(model.get(), &PickerModel::swatchesChanged);
-        model->setSelectedID(u"bell"_qs);
-        prefs->setDefaultColor(u"#123456"_qs);
-        prefs->setDefaultSize(48);
-        prefs->setDefaultStroke(1.75);
-        prefs->setDefaultFormat(ExportFormat::blade);
-        prefs->setDefaultStyle(IconStyle::filled);
-        QCOMPARE(model->color(), u"#123456"_qs);
+        QSignalSpy swatchesChanged(f->model.get(), &PickerModel::swatchesChanged);
+        f->model->setSelectedID(u"bell"_qs);
+        f->prefs.setDefaultColor(u"#123456"_qs);
+        f->prefs.setDefaultSize(48);
+        f->prefs.setDefaultStroke(1.75);
+        f->prefs.setDefaultFormat(ExportFormat::blade);
+        f->prefs.setDefaultStyle(IconStyle::filled);
+        QCOMPARE(f->model->color(), u"#123456"_qs);
         QCOMPARE(swatchesChanged.size(), 1);
-        QCOMPARE(model->size(), 48);
-        QCOMPARE(model->stroke(), 1.75);
-        QCOMPARE(model->format(), ExportFormat::blade);
-        QCOMPARE(model->style(), IconStyle::filled);
-        QCOMPARE(model->selectedID(), u"bell"_qs);
+        QCOMPARE(f->model->size(), 48);
+        QCOMPARE(f->model->stroke(), 1.75);
+        QCOMPARE(f->model->format(), ExportFormat::blade);
+        QCOMPARE(f->model->style(), IconStyle::filled);
+        QCOMPARE(f->model->selectedID(), u"bell"_qs);
     }
 
     void deferredReactions()
     {
-        build();
-        QSignalSpy changed(model.get(), &PickerModel::changed);
+        f->load(entries());
+        QSignalSpy changed(f->model.get(), &PickerModel::changed);
         QTRY_COMPARE(changed.size(), 1); // the check made at construction
-        model->setTab(PickerTab::ofCategory(u"Media"_qs));
-        model->setFormat(ExportFormat::png2);
-        prefs->setShowCategoryBar(false);
-        prefs->setPng2x(false);
+        f->model->setTab(PickerTab::ofCategory(u"Media"_qs));
+        f->model->setFormat(ExportFormat::png2);
+        f->prefs.setShowCategoryBar(false);
+        f->prefs.setPng2x(false);
         // Both wait until the change has landed.
-        QCOMPARE(model->tab(), PickerTab::ofCategory(u"Media"_qs));
-        QCOMPARE(model->format(), ExportFormat::png2);
-        QTRY_COMPARE(model->tab(), PickerTab::all());
-        QCOMPARE(model->format(), prefs->defaultFormat());
+        QCOMPARE(f->model->tab(), PickerTab::ofCategory(u"Media"_qs));
+        QCOMPARE(f->model->format(), ExportFormat::png2);
+        QTRY_COMPARE(f->model->tab(), PickerTab::all());
+        QCOMPARE(f->model->format(), f->prefs.defaultFormat());
         QCOMPARE(changed.size(), 2); // one check serves both changes
 
-        model->setTab(PickerTab::favorites());
-        prefs->setShowCategoryBar(true);
+        f->model->setTab(PickerTab::favorites());
+        f->prefs.setShowCategoryBar(true);
         QTest::qWait(0);
-        QCOMPARE(model->tab(), PickerTab::favorites());
+        QCOMPARE(f->model->tab(), PickerTab::favorites());
 
         // Work queued for a model that is gone does nothing.
-        prefs->setShowCategoryBar(false);
-        model.reset();
+        f->prefs.setShowCategoryBar(false);
+        f->model.reset();
         QTest::qWait(0);
     }
 
     void userListsRefreshTheirTabs()
     {
-        user->toggleFavorite(u"bell"_qs);
-        model->setTab(PickerTab::favorites());
-        QSignalSpy resultsChanged(model.get(), &PickerModel::resultsChanged);
-        const int scrolls = model->scrollRequest();
-        user->toggleFavorite(u"home"_qs);
-        QCOMPARE(model->resultNames(), (QStringList{u"bell"_qs, u"home"_qs}));
-        QCOMPARE(model->selectedID(), u"bell"_qs);
-        QCOMPARE(model->scrollRequest(), scrolls);
-        user->toggleFavorite(u"bell"_qs);
-        QCOMPARE(model->selectedID(), u"home"_qs);
+        f->user->toggleFavorite(u"bell"_qs);
+        f->model->setTab(PickerTab::favorites());
+        QSignalSpy resultsChanged(f->model.get(), &PickerModel::resultsChanged);
+        const int scrolls = f->model->scrollRequest();
+        f->user->toggleFavorite(u"home"_qs);
+        QCOMPARE(f->model->resultNames(), (QStringList{u"bell"_qs, u"home"_qs}));
+        QCOMPARE(f->model->selectedID(), u"bell"_qs);
+        QCOMPARE(f->model->scrollRequest(), scrolls);
+        f->user->toggleFavorite(u"bell"_qs);
+        QCOMPARE(f->model->selectedID(), u"home"_qs);
         recordCopy(u"star"_qs); // not the tab shown
         QCOMPARE(resultsChanged.size(), 2);
 
-        model->setTab(PickerTab::recents());
+        f->model->setTab(PickerTab::recents());
         recordCopy(u"map"_qs);
-        QCOMPARE(model->resultNames(), (QStringList{u"map"_qs, u"star"_qs}));
+        QCOMPARE(f->model->resultNames(), (QStringList{u"map"_qs, u"star"_qs}));
     }
 
     void catalogueChangeRefreshes()
     {
-        model->setSelectedID(u"star"_qs);
-        QSignalSpy tabsChanged(model.get(), &PickerModel::tabsChanged);
-        library->apply({u"2.0"_qs,
-                        {Icon(u"star"_qs, u"Shapes"_qs, {}, PathList{"M0 0"}, {}),
-                         Icon(u"tree"_qs, u"Nature"_qs, {}, PathList{"M0 0"}, {})}});
-        QCOMPARE(model->resultNames(), (QStringList{u"star"_qs, u"tree"_qs}));
-        QCOMPARE(model->selectedID(), u"star"_qs);
+        f->model->setSelectedID(u"star"_qs);
+        QSignalSpy tabsChanged(f->model.get(), &PickerModel::tabsChanged);
+        f->library->apply({u"2.0"_qs,
+                           {Icon(u"star"_qs, u"Shapes"_qs, {}, PathList{"M0 0"}, {}),
+                            Icon(u"tree"_qs, u"Nature"_qs, {}, PathList{"M0 0"}, {})}});
+        QCOMPARE(f->model->resultNames(), (QStringList{u"star"_qs, u"tree"_qs}));
+        QCOMPARE(f->model->selectedID(), u"star"_qs);
         QCOMPARE(tabsChanged.size(), 1);
-        QCOMPARE(model->tabs().last(), PickerTab::ofCategory(u"Shapes"_qs));
-        QCOMPARE(model->placeholder(), u"Search 2 icons"_qs);
+        QCOMPARE(f->model->tabs().last(), PickerTab::ofCategory(u"Shapes"_qs));
+        QCOMPARE(f->model->placeholder(), u"Search 2 icons"_qs);
     }
 
     // The grid's list model matches the results after every kind of change,
@@ -438,7 +380,7 @@ private slots:
     void resultsModelFollowsTheResults()
     {
         PickerResultsModel rows;
-        rows.setSource(model.get());
+        rows.setSource(f->model.get());
         const QAbstractItemModelTester tester(
             &rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
         int firstTouched = INT_MAX;
@@ -459,28 +401,28 @@ private slots:
             return names;
         };
         const std::function<void()> steps[]{
-            [&] { model->setQuery(u"arrow"_qs); },
-            [&] { model->setQuery(u"arrow-u"_qs); },
-            [&] { model->setQuery(u"arrow"_qs); },
-            [&] { model->setQuery(u"s"_qs); },
-            [&] { model->setQuery(u"zz"_qs); },
-            [&] { model->setQuery(u"e"_qs); },
-            [&] { model->setStyle(IconStyle::filled); },
-            [&] { model->setQuery(QString()); },
-            [&] { model->setTab(PickerTab::ofCategory(u"System"_qs)); },
-            [&] { model->setStyle(IconStyle::outline); },
-            [&] { model->setTab(PickerTab::all()); },
+            [&] { f->model->setQuery(u"arrow"_qs); },
+            [&] { f->model->setQuery(u"arrow-u"_qs); },
+            [&] { f->model->setQuery(u"arrow"_qs); },
+            [&] { f->model->setQuery(u"s"_qs); },
+            [&] { f->model->setQuery(u"zz"_qs); },
+            [&] { f->model->setQuery(u"e"_qs); },
+            [&] { f->model->setStyle(IconStyle::filled); },
+            [&] { f->model->setQuery(QString()); },
+            [&] { f->model->setTab(PickerTab::ofCategory(u"System"_qs)); },
+            [&] { f->model->setStyle(IconStyle::outline); },
+            [&] { f->model->setTab(PickerTab::all()); },
             [&] {
-                user->toggleFavorite(u"map"_qs);
-                model->setTab(PickerTab::favorites());
+                f->user->toggleFavorite(u"map"_qs);
+                f->model->setTab(PickerTab::favorites());
             },
         };
-        QCOMPARE(rowNames(), model->resultNames());
+        QCOMPARE(rowNames(), f->model->resultNames());
         for (qsizetype step = 0; step < std::ssize(steps); ++step) {
             const QStringList before = rowNames();
             firstTouched = INT_MAX;
             steps[step]();
-            const QStringList after = model->resultNames();
+            const QStringList after = f->model->resultNames();
             QVERIFY2(rowNames() == after, qPrintable(u"step %1"_qs.arg(step)));
             int shared = 0;
             while (shared < std::min(before.size(), after.size()) &&

@@ -1,6 +1,8 @@
 #include "TestData.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace TestData {
 
@@ -15,6 +17,20 @@ QByteArray readSourceFile(const QString& relative)
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     return file.readAll();
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
 }
 
 QString shippedCatalogue()

@@ -9,6 +9,11 @@ namespace TestData {
 QString sourcePath(const QString& relative);
 QByteArray readSourceFile(const QString& relative);
 
+// Any file's bytes; empty when it cannot be read.
+QByteArray readFile(const QString& path);
+// Writes the bytes, making the folders on the way; stops the test when it cannot.
+void writeFile(const QString& path, const QByteArray& bytes);
+
 // The committed catalogue of the real icon set.
 QString shippedCatalogue();
 

@@ -3,12 +3,10 @@
 //   picker-shots [OUTPUT_DIR] [--measure]
 // With --measure it also prints how long the first load, a search and a
 // scroll of the full grid take (run with QT_QUICK_BACKEND=software).
-#include "Catalog/IconLibrary.h"
 #include "Panel/PopoverState.h"
-#include "Picker/PickerModel.h"
 #include "Panel/Views/PictrayQml.h"
+#include "PickerFixture.h"
 #include "QuickItems.h"
-#include "State/SettingsStore.h"
 #include "Ui/Kit/Appearance.h"
 
 #include <QDir>
@@ -75,14 +73,10 @@ int main(int argc, char** argv)
     QDir().mkpath(outDir);
     QTextStream out(stdout);
 
-    SettingsStore store(QDir(home.path()).filePath(QStringLiteral("settings.conf")));
-    Preferences prefs(store);
-    IconLibrary library({IconLibrary::shippedFilePath(), IconLibrary::downloadedFilePath()});
-    UserLibrary user(store, prefs,
-                     [&](const QString& name) { return !library.icon(name).isNull(); });
+    PickerFixture picker;
     for (const char* name : {"heart", "star", "bolt", "brand-github", "coffee", "rocket"})
-        user.toggleFavorite(QString::fromLatin1(name));
-    PickerModel model(library, user, prefs, nullptr);
+        picker.user->toggleFavorite(QString::fromLatin1(name));
+    PickerModel& model = *picker.model;
     PopoverState popover;
     StandInController controller;
     Appearance appearance;
@@ -92,7 +86,7 @@ int main(int argc, char** argv)
     window.setColor(Qt::transparent);
     window.resize(780, 741);
     QQmlEngine engine;
-    registerPictrayQml(engine, library);
+    registerPictrayQml(engine, *picker.library);
     engine.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance);
 
     QElapsedTimer created;

@@ -25,7 +25,14 @@ namespace {
 constexpr int panelPreparationDelayMs = 1500;
 }
 
-Application::Application(QObject* parent) : QObject(parent) {}
+Application::Application(Backends backends, QObject* parent)
+    : QObject(parent), m_makeBackends(std::move(backends))
+{
+    if (!m_makeBackends)
+        m_makeBackends = [] {
+            return PlatformBackends::forPlatform(QGuiApplication::platformName());
+        };
+}
 
 // The members are declared in start-up order, so views and controllers go
 // before the services they use.
@@ -33,7 +40,7 @@ Application::~Application() = default;
 
 void Application::start()
 {
-    m_platform = PlatformBackends::forPlatform(QGuiApplication::platformName());
+    m_platform = m_makeBackends();
     KeyboardLayout::setCurrent(m_platform.keyboardLayout);
 
     m_store = std::make_unique<SettingsStore>(SettingsStore::defaultPath());

@@ -5,6 +5,7 @@
 #include "Platform/PlatformBackends.h"
 
 #include <QObject>
+#include <functional>
 #include <memory>
 
 class CopyService;
@@ -28,7 +29,10 @@ class Application : public QObject {
     Q_OBJECT
 
 public:
-    explicit Application(QObject* parent = nullptr);
+    // Makes the platform's backends at start-up; by default those of the Qt
+    // platform the program runs on.
+    using Backends = std::function<PlatformBackends()>;
+    explicit Application(Backends backends = {}, QObject* parent = nullptr);
     ~Application() override;
 
     // In this order: settings, catalogue, appearance, tray icon, global
@@ -48,10 +52,12 @@ public:
     StatusItemController& statusItem() { return *m_status; }
     // Starting at login, as this desktop does it.
     LoginItem& loginItem() { return *m_platform.loginItem; }
+    UserLibrary& userLibrary() { return *m_user; }
 
 private:
     void subscribeToSettings();
 
+    Backends m_makeBackends;
     PlatformBackends m_platform;
     std::unique_ptr<SettingsStore> m_store;
     std::unique_ptr<Preferences> m_prefs;

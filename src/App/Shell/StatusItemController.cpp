@@ -48,7 +48,7 @@ void StatusItemController::updateVisibility()
     if (!m_tray)
         return;
     const bool wanted = m_prefs.showMenuBarIcon();
-    if (wanted && !QSystemTrayIcon::isSystemTrayAvailable()) {
+    if (wanted && !m_trayAvailable()) {
         // Started before the desktop's tray (at login), or no tray at all:
         // shortcuts and `pictray toggle` still work meanwhile.
         if (!m_trayPoll.isActive())

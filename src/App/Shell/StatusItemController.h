@@ -52,6 +52,11 @@ public:
     void setup();
     // Follows showMenuBarIcon and whether a tray is there.
     void updateVisibility();
+    // How to tell whether a tray is there; by default, ask Qt.
+    void setTrayAvailable(std::function<bool()> available)
+    {
+        m_trayAvailable = std::move(available);
+    }
     bool isShown() const;
 
     // The icon's frame on the screen; empty when hidden or the tray does not tell.
@@ -85,5 +90,6 @@ private:
     std::shared_ptr<const KeyboardLayout> m_layout;
     bool m_hasLayout = false;
     QTimer m_trayPoll;
+    std::function<bool()> m_trayAvailable = &QSystemTrayIcon::isSystemTrayAvailable;
     int m_polls = 0;
 };

@@ -1,0 +1,107 @@
+#include "App/Shell/Application.h"
+#include "App/Shell/StatusItemController.h"
+#include "AppWindows/WindowManager.h"
+#include "Platform/HotKeyBackend.h"
+#include "Platform/HotKeyCenter.h"
+#include "State/Preferences.h"
+#include "State/UserLibrary.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+// Keeps what is grabbed now, by number.
+struct GrabbedKeys : HotKeyBackend {
+    QMap<quint32, KeyCombo>& live;
+    explicit GrabbedKeys(QMap<quint32, KeyCombo>& keys) : live(keys) {}
+    void installHandler(PressHandler) override {}
+    bool registerHotKey(quint32 number, const KeyCombo& combo) override
+    {
+        live.insert(number, combo);
+        return true;
+    }
+    void unregisterHotKey(quint32 number) override { live.remove(number); }
+};
+
+constexpr auto picker = quint32(HotKeyCenter::ID::picker);
+
+} // namespace
+
+// The running program follows each setting as soon as it changes.
+class TestSettingReactions : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir home;
+    int runs = 0;
+    QMap<quint32, KeyCombo> grabbed;
+    std::unique_ptr<Application> app;
+    Preferences* prefs = nullptr;
+
+private slots:
+    void init()
+    {
+        // Settings and downloads of this test only: a new folder each time, as
+        // QSettings caches what it read by path.
+        const QString folder = home.filePath(QString::number(++runs));
+        for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+            qputenv(name, (folder + u'/' + QString::fromLatin1(name)).toLocal8Bit());
+        grabbed.clear();
+        app = std::make_unique<Application>([this] {
+            PlatformBackends backends = PlatformBackends::null();
+            backends.hotKeys = std::make_unique<GrabbedKeys>(grabbed);
+            return backends;
+        });
+        app->start();
+        prefs = &app->preferences();
+        prefs->setHasCompletedOnboarding(true);
+    }
+    void cleanup() { app.reset(); }
+
+    void aNewShortcutIsGrabbedInsteadOfTheOld()
+    {
+        QVERIFY(grabbed.contains(picker));
+        const KeyCombo other{KeyCombo::controlFlag | KeyCombo::shiftFlag, 0x22};
+        QVERIFY(!(grabbed.value(picker) == other));
+        prefs->setPickerHotKey(other);
+        QCOMPARE(grabbed.value(picker), other);
+        prefs->setPickerHotKey(std::nullopt);
+        QVERIFY(!grabbed.contains(picker));
+    }
+
+    void trayIconFollowsItsSetting()
+    {
+        app->statusItem().setTrayAvailable([] { return true; });
+        prefs->setShowMenuBarIcon(false);
+        QVERIFY(!app->statusItem().isShown());
+        prefs->setShowMenuBarIcon(true);
+        QVERIFY(app->statusItem().isShown());
+    }
+
+    void appearanceIsAppliedOnceTheChangeHasLanded()
+    {
+        prefs->setAppearance(AppearanceMode::dark);
+        QTRY_COMPARE(app->windowManager().appearance().mode(), AppearanceMode::dark);
+        QVERIFY(QApplication::palette().window().color().lightness() < 128);
+        prefs->setAppearance(AppearanceMode::light);
+        QTRY_COMPARE(app->windowManager().appearance().mode(), AppearanceMode::light);
+        QVERIFY(QApplication::palette().window().color().lightness() > 128);
+    }
+
+    void recentsAreCutToALowerLimit()
+    {
+        UserLibrary& user = app->userLibrary();
+        for (const char* name : {"heart", "star", "home", "bell"}) {
+            UserLibrary::LastCopy copy;
+            copy.name = QString::fromLatin1(name);
+            user.recordCopy(copy);
+        }
+        QCOMPARE(user.recents().size(), 4);
+        prefs->setRecentsLimit(2);
+        QTRY_COMPARE(user.recents(), (QStringList{u"bell"_qs, u"home"_qs}));
+    }
+};
+
+QTEST_MAIN(TestSettingReactions)
+#include "tst_settingreactions.moc"
