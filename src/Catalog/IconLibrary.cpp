@@ -137,24 +137,36 @@ void IconLibrary::apply(File file)
 
 bool IconLibrary::install(const QByteArray& data, QString* error)
 {
+    auto file = save(data, m_sources.downloadedPath, error);
+    if (file)
+        adopt(std::move(*file));
+    return file.has_value();
+}
+
+std::optional<IconLibrary::File> IconLibrary::save(const QByteArray& data, const QString& path,
+                                                   QString* error)
+{
     QString reason;
     auto file = CatalogueCodec::decode(data, &reason, &TextArena::forThisRun());
     if (!file) {
         if (error)
             *error = QStringLiteral("The downloaded icon set is damaged: %1.").arg(reason);
-        return false;
+        return std::nullopt;
     }
-    const QString& path = m_sources.downloadedPath;
     QDir().mkpath(QFileInfo(path).absolutePath());
     QSaveFile out(path);
     if (!out.open(QIODevice::WriteOnly) || out.write(data) != data.size() || !out.commit()) {
         if (error)
             *error = QStringLiteral("Could not save %1: %2").arg(path, out.errorString());
-        return false;
+        return std::nullopt;
     }
-    m_loadedPath = path;
-    apply(std::move(*file));
-    return true;
+    return file;
+}
+
+void IconLibrary::adopt(File saved)
+{
+    m_loadedPath = m_sources.downloadedPath;
+    apply(std::move(saved));
 }
 
 const IconSearch& IconLibrary::searchIndex() const

@@ -46,6 +46,11 @@ public:
     // Decodes first (nothing is written on failure), then writes atomically,
     // then applies. False with *error set on any failure.
     bool install(const QByteArray& data, QString* error);
+    // install() in two halves, so that the slow one can run on another
+    // thread: save() decodes and writes `path` and touches nothing else;
+    // adopt() makes what was saved to the downloaded path the catalogue.
+    static std::optional<File> save(const QByteArray& data, const QString& path, QString* error);
+    void adopt(File saved);
 
     // The version of a catalogue file's bytes, read from the first 64 bytes
     // when the writer put it there, else through a full decode.

@@ -5,10 +5,13 @@
 #include "NumericCompare.h"
 #include "PackageConverter.h"
 
+#include <QFutureWatcher>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QNetworkReply>
 #include <QRegularExpression>
+#include <QThreadPool>
+#include <QtConcurrent/QtConcurrentRun>
 #include <array>
 #include <memory>
 
@@ -22,6 +25,28 @@ bool isPlausibleVersion(const QString& version)
 {
     static const QRegularExpression pattern(QStringLiteral("^[0-9A-Za-z][0-9A-Za-z.+-]{0,63}$"));
     return pattern.match(version).hasMatch();
+}
+
+// What the worker hands back: the saved catalogue, or why there is none.
+struct Prepared {
+    std::optional<CatalogueFile> file;
+    QString error;
+};
+
+// The slow part of an update, safe off the main thread: it touches only its
+// arguments and the downloaded file.
+Prepared prepare(const QString& version, const QList<QByteArray>& files, const QString& path)
+{
+    Prepared prepared;
+    const auto catalogue =
+        PackageConverter::convert(version, files[0], files[1], files[2], &prepared.error);
+    if (!catalogue) {
+        prepared.error = QStringLiteral("The icon list of release %1 is damaged: %2.")
+                             .arg(version, prepared.error);
+        return prepared;
+    }
+    prepared.file = IconLibrary::save(*catalogue, path, &prepared.error);
+    return prepared;
 }
 
 } // namespace
@@ -45,7 +70,12 @@ QString IconUpdater::State::text() const
 }
 
 IconUpdater::IconUpdater(IconLibrary& library, QObject* parent)
-    : QObject(parent), m_library(library)
+    : IconUpdater(library, *QThreadPool::globalInstance(), parent)
+{
+}
+
+IconUpdater::IconUpdater(IconLibrary& library, QThreadPool& workers, QObject* parent)
+    : QObject(parent), m_library(library), m_workers(workers)
 {
     m_network.setTransferTimeout(transferTimeoutMs);
 }
@@ -75,6 +105,8 @@ void IconUpdater::fail(quint64 check, const QString& message)
 
 void IconUpdater::checkForNewIcons()
 {
+    if (isBusy())
+        return;
     const quint64 check = ++m_check;
     setState(State::Kind::checking);
     fetch(AppConfig::tablerLatestURL(), check, [this, check](const QByteArray& body) {
@@ -103,31 +135,41 @@ void IconUpdater::download(const QString& version, quint64 check)
     static const std::array<QString, 3> files{QStringLiteral("icons.json"),
                                               QStringLiteral("tabler-nodes-outline.json"),
                                               QStringLiteral("tabler-nodes-filled.json")};
-    // The three files come in parallel; the last one to arrive converts.
+    // The three files come in parallel; the last one to arrive installs.
     auto bodies = std::make_shared<std::array<std::optional<QByteArray>, 3>>();
     for (std::size_t i = 0; i < files.size(); ++i) {
         fetch(AppConfig::tablerFileURL(version, files[i]), check,
               [this, check, version, bodies, i](const QByteArray& body) {
                   (*bodies)[i] = body;
+                  QList<QByteArray> complete;
                   for (const auto& part : *bodies) {
                       if (!part)
                           return;
+                      complete.append(*part);
                   }
-                  QString error;
-                  const auto catalogue = PackageConverter::convert(
-                      version, *(*bodies)[0], *(*bodies)[1], *(*bodies)[2], &error);
-                  if (!catalogue) {
-                      fail(check, QStringLiteral("The icon list of release %1 is damaged: %2.")
-                                      .arg(version, error));
-                      return;
-                  }
-                  if (!m_library.install(*catalogue, &error)) {
-                      fail(check, error);
-                      return;
-                  }
-                  setState(State::Kind::updated, version);
+                  install(version, check, complete);
               });
     }
+}
+
+void IconUpdater::install(const QString& version, quint64 check, const QList<QByteArray>& files)
+{
+    // A child of this updater: if the updater goes first, nobody is told.
+    auto* watcher = new QFutureWatcher<Prepared>(this);
+    connect(watcher, &QFutureWatcher<Prepared>::finished, this, [this, watcher, version, check] {
+        watcher->deleteLater();
+        Prepared prepared = watcher->result();
+        if (check != m_check)
+            return;
+        if (!prepared.file) {
+            fail(check, prepared.error);
+            return;
+        }
+        m_library.adopt(std::move(*prepared.file));
+        setState(State::Kind::updated, version);
+    });
+    watcher->setFuture(
+        QtConcurrent::run(&m_workers, prepare, version, files, m_library.sources().downloadedPath));
 }
 
 void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
@@ -146,7 +188,7 @@ void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
             [this, reply, check, url, done = std::move(done)] {
                 reply->deleteLater();
                 if (check != m_check)
-                    return; // a newer check took over
+                    return; // a check that failed, followed by a new one
                 const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
                 if (status.isValid() && status.toInt() != 200) {
                     fail(check, QStringLiteral("The server answered %1 for %2.")

@@ -6,9 +6,13 @@
 
 class IconLibrary;
 class QNetworkReply;
+class QThreadPool;
 
 // Moves the catalogue to a newer icon set release on request: asks for the
 // newest version, downloads that release's files, converts and installs them.
+// Converting, decoding and saving a release take long enough to freeze the
+// windows, so they run on a worker thread; the library takes the result on
+// its own thread.
 class IconUpdater : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString statusText READ statusText NOTIFY stateChanged)
@@ -26,14 +30,17 @@ public:
     };
 
     explicit IconUpdater(IconLibrary& library, QObject* parent = nullptr);
+    // Runs the release's conversion on `workers` rather than the global pool.
+    IconUpdater(IconLibrary& library, QThreadPool& workers, QObject* parent = nullptr);
     static IconUpdater& shared();
 
     const State& state() const { return m_state; }
     QString statusText() const { return m_state.text(); }
     bool isBusy() const;
 
-    // Starts one check and returns at once; a check already under way is
-    // superseded.
+    // Starts one check and returns at once. A call while a check is under
+    // way joins it: nothing is asked or downloaded twice, and that check's
+    // outcome is the answer.
     Q_INVOKABLE void checkForNewIcons();
 
     // Responses larger than this are refused.
@@ -46,10 +53,12 @@ private:
     using Done = std::function<void(const QByteArray& body)>;
     void fetch(const QUrl& url, quint64 check, Done done);
     void download(const QString& version, quint64 check);
+    void install(const QString& version, quint64 check, const QList<QByteArray>& files);
     void setState(State::Kind kind, const QString& value = {});
     void fail(quint64 check, const QString& message);
 
     IconLibrary& m_library;
+    QThreadPool& m_workers;
     QNetworkAccessManager m_network;
     State m_state;
     quint64 m_check = 0;

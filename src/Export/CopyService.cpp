@@ -1,41 +1,23 @@
 #include "CopyService.h"
 
 #include "Catalog/IconLibrary.h"
+#include "Export/DragFolder.h"
 #include "Export/IconRenderer.h"
 #include "Export/RenderOptions.h"
 #include "Export/SnippetBuilder.h"
 #include "State/Preferences.h"
 #include "State/UserLibrary.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QSaveFile>
 #include <QTimer>
 #include <QUrl>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
-
 namespace {
 
 constexpr int pasteDelayMs = 120;
 constexpr qsizetype maxFileStem = 120;
-
-// A folder we may write into: a real directory of ours, not a link that
-// another user planted in a shared temporary folder.
-bool isOwnDirectory(const QString& path)
-{
-    const QFileInfo info(path);
-    if (info.isSymLink() || !info.isDir())
-        return false;
-#ifdef Q_OS_UNIX
-    if (info.ownerId() != ::getuid())
-        return false;
-#endif
-    return true;
-}
 
 } // namespace
 
@@ -135,11 +117,6 @@ QMimeData* CopyService::itemProvider(const IconExport& item)
     return data;
 }
 
-QString CopyService::dragFolder()
-{
-    return QDir::tempPath() + QStringLiteral("/Pictray");
-}
-
 QString CopyService::safeFileStem(const QString& packageName)
 {
     QString stem;
@@ -158,8 +135,8 @@ QString CopyService::safeFileStem(const QString& packageName)
 
 QString CopyService::writeDragFile(const QString& name, const QByteArray& data)
 {
-    const QString folder = dragFolder();
-    if (!QDir().mkpath(folder) || !isOwnDirectory(folder))
+    const QString folder = DragFolder::path();
+    if (folder.isEmpty())
         return {};
     QString path = folder + u'/' + name;
     const QFileInfo target(path);

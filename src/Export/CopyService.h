@@ -36,8 +36,6 @@ public:
 
     // The drag payload for the drag format setting; the caller owns it.
     QMimeData* itemProvider(const IconExport& item);
-    // Where drag files are written: "Pictray" in the temporary folder.
-    static QString dragFolder();
     // The package name made safe as a file name inside one folder.
     static QString safeFileStem(const QString& packageName);
 

@@ -1,40 +1,11 @@
 #include "RenderOptions.h"
 
+#include "Base/HexColor.h"
 #include "State/Preferences.h"
 
 #include <algorithm>
 
 namespace RenderOptions {
-
-std::optional<QColor> parseHexColor(QStringView text)
-{
-    text = text.trimmed();
-    if (!text.startsWith(u'#'))
-        return std::nullopt;
-    text = text.sliced(1);
-    if (text.size() != 3 && text.size() != 4 && text.size() != 6 && text.size() != 8)
-        return std::nullopt;
-    bool ok = false;
-    const uint value = text.toUInt(&ok, 16);
-    if (!ok)
-        return std::nullopt;
-    const auto nibble = [&](int index) {
-        return int((value >> (4 * (int(text.size()) - 1 - index))) & 0xF) * 17;
-    };
-    const auto byte = [&](int index) {
-        return int((value >> (8 * (int(text.size()) / 2 - 1 - index))) & 0xFF);
-    };
-    switch (text.size()) {
-    case 3:
-        return QColor(nibble(0), nibble(1), nibble(2));
-    case 4:
-        return QColor(nibble(0), nibble(1), nibble(2), nibble(3));
-    case 6:
-        return QColor(byte(0), byte(1), byte(2));
-    default:
-        return QColor(byte(0), byte(1), byte(2), byte(3));
-    }
-}
 
 IconRenderer::Options forExport(const IconExport& item, int scale, const Preferences& preferences)
 {
@@ -42,7 +13,7 @@ IconRenderer::Options forExport(const IconExport& item, int scale, const Prefere
     options.style = item.style;
     options.pointSize = item.size;
     options.stroke = item.stroke;
-    options.color = parseHexColor(item.color).value_or(QColor(Qt::black));
+    options.color = HexColor::parse(item.color).value_or(QColor(Qt::black));
     options.scale = scale;
     switch (preferences.pngBackground()) {
     case PNGBackground::transparent:

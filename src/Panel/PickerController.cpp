@@ -1,5 +1,6 @@
 #include "PickerController.h"
 
+#include "Base/HexColor.h"
 #include "Base/KeyboardLayout.h"
 #include "Export/CopyService.h"
 #include "Export/RenderOptions.h"
@@ -294,7 +295,7 @@ void PickerController::startDrag(const QString& iconName)
     look.pointSize = std::max(look.pointSize, minDragPointSize);
     look.background.reset();
     look.padding = 0;
-    if (!RenderOptions::parseHexColor(item.color))
+    if (!HexColor::parse(item.color))
         look.color = m_appearance.dark() ? Qt::white : Qt::black; // "currentColor"
     const QPixmap image = QPixmap::fromImage(IconRenderer::bitmap(*m_model.library(), icon, look));
 

@@ -119,6 +119,30 @@ private slots:
         QCOMPARE(pictray.run({"prefs", "set", "recentsLimit", "2"}).exitCode, 0);
         QCOMPARE(pictray.run({"recents"}).lines(), (QStringList{"home", "star"}));
     }
+
+    // What prints text ends its last line, so a shell prompt or the next
+    // command's output never runs on; only export writes bare bytes.
+    void printedTextEndsWithALineFeed_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        for (const QStringList& args :
+             {QStringList{"prefs", "list"}, QStringList{"prefs", "get", "defaultColor"},
+              QStringList{"favorites", "list"}, QStringList{"recents"}, QStringList{"info"},
+              QStringList{"search", "arrow"}, QStringList{"near", "arrowz"},
+              QStringList{"--version"}, QStringList{"--help"}})
+            QTest::addRow("%s", qPrintable(args.join(u' '))) << args;
+    }
+    void printedTextEndsWithALineFeed()
+    {
+        QFETCH(QStringList, args);
+        const PictrayProcess pictray;
+        writeFile(settingsFile(pictray), "[General]\nrecents=home, star\nfavorites=bell\n");
+        const auto result = pictray.run(args);
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY(result.lines().size() >= 1);
+        QVERIFY2(result.out.endsWith('\n') && !result.out.endsWith("\n\n"),
+                 result.out.right(40).constData());
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCliState)

@@ -3,9 +3,12 @@
 #include "Catalog/PackageConverter.h"
 #include "FixtureHttpServer.h"
 
+#include <QFutureWatcherBase>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThreadPool>
 
 using Kind = IconUpdater::State::Kind;
 
@@ -119,6 +122,61 @@ private slots:
         QCOMPARE(m_updater->state().kind, Kind::updated);
         QCOMPARE(m_library->iconCount(), 2);
         QCOMPARE(m_library->filledCount(), 0);
+    }
+
+    // A second check, from the settings window or the command line, while
+    // one is asking or downloading asks and downloads nothing again.
+    void aCheckUnderWayIsJoined()
+    {
+        serveRelease(QStringLiteral("3.10.0"));
+        connect(m_updater.get(), &IconUpdater::stateChanged, this, [this] {
+            if (m_updater->state().kind == Kind::downloading)
+                m_updater->checkForNewIcons();
+        });
+        m_updater->checkForNewIcons();
+        m_updater->checkForNewIcons();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_updater->isBusy(), 10000);
+        QStringList requests = m_server->requests();
+        requests.sort();
+        QCOMPARE(requests,
+                 (QStringList{u"/latest"_qs, u"/npm/@tabler/icons@3.10.0/icons.json"_qs,
+                              u"/npm/@tabler/icons@3.10.0/tabler-nodes-filled.json"_qs,
+                              u"/npm/@tabler/icons@3.10.0/tabler-nodes-outline.json"_qs}));
+        QCOMPARE(m_states.size(), 3);
+        QCOMPARE(m_states.last().kind, Kind::updated);
+        QCOMPARE(m_library->version(), u"3.10.0"_qs);
+    }
+
+    // Converting and saving wait for a worker while the main thread goes on;
+    // the new catalogue then arrives on the main thread.
+    void theReleaseIsPreparedOnAWorkerAndTakenOnTheMainThread()
+    {
+        QThreadPool workers;
+        workers.setMaxThreadCount(1);
+        QSemaphore release;
+        workers.start([&release] { release.acquire(); }); // holds the only worker
+        m_updater = std::make_unique<IconUpdater>(*m_library, workers);
+        QList<QThread*> appliedOn;
+        connect(
+            m_library.get(), &IconLibrary::catalogueChanged, this,
+            [&appliedOn] { appliedOn.append(QThread::currentThread()); }, Qt::DirectConnection);
+
+        serveRelease(QStringLiteral("3.10.0"));
+        m_updater->checkForNewIcons();
+        // The downloads are done and the release waits for the worker.
+        QTRY_VERIFY_WITH_TIMEOUT(m_updater->findChild<QFutureWatcherBase*>(), 10000);
+        QCOMPARE(m_updater->state().kind, Kind::downloading);
+        m_updater->checkForNewIcons(); // joins: still one of each request
+        QCOMPARE(m_server->requests().size(), 4);
+        expectUnchanged();
+
+        release.release();
+        QTRY_VERIFY_WITH_TIMEOUT(!m_updater->isBusy(), 10000);
+        QCOMPARE(m_updater->state().text(), u"Updated to Tabler Icons 3.10.0."_qs);
+        QCOMPARE(m_library->version(), u"3.10.0"_qs);
+        QCOMPARE(appliedOn, QList<QThread*>{thread()});
+        QVERIFY(workers.waitForDone(10000));
+        m_updater.reset(); // it works on this test's pool
     }
 
     void failuresChangeNothing_data()

@@ -1,8 +1,10 @@
+#include "Export/DragFolder.h"
 #include "Export/SnippetBuilder.h"
 #include "PickerFixture.h"
 
 #include <QMimeData>
 #include <QTest>
+#include <unistd.h>
 
 using PackageConverter::OutEntry;
 using LastCopy = UserLibrary::LastCopy;
@@ -10,6 +12,17 @@ using LastCopy = UserLibrary::LastCopy;
 namespace {
 
 const PathList line{"M2 12h20"};
+
+enum class Planted { nothing, noRuntimeDir, sharedRuntimeDir, link, openFolder, foreignFolder };
+
+bool closedToOthers(const QFileInfo& folder)
+{
+    constexpr QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::WriteGroup |
+                                                QFileDevice::ExeGroup | QFileDevice::ReadOther |
+                                                QFileDevice::WriteOther | QFileDevice::ExeOther;
+    return folder.isDir() && !folder.isSymLink() && folder.ownerId() == ::getuid() &&
+           !(folder.permissions() & others);
+}
 
 } // namespace
 
@@ -34,9 +47,13 @@ private slots:
                                   {u"blank"_qs, u"S"_qs, {}, std::nullopt, std::nullopt}});
         prefs = &f->prefs;
         fake = &f->targets;
-        // Drag files go to a folder of this run, not the shared temporary one.
+        // Drag files go to folders of this run, not the user's real ones.
         QVERIFY(QDir().mkpath(f->dir.filePath(u"tmp"_qs)));
         qputenv("TMPDIR", f->dir.filePath(u"tmp"_qs).toLocal8Bit());
+        const QString runtime = f->dir.filePath(u"run"_qs);
+        QVERIFY(QDir().mkdir(runtime, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                          QFileDevice::ExeOwner));
+        qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
     }
 
     void copyFillsTheClipboardRecordsAndSaysSo_data()
@@ -139,7 +156,7 @@ private slots:
         QFETCH(ExportFormat, recorded);
         prefs->setDragFormat(format);
         const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(u"plus"_qs)));
-        const QString path = CopyService::dragFolder() + u'/' + file;
+        const QString path = DragFolder::path() + u'/' + file;
         QCOMPARE(mime->urls(), QList{QUrl::fromLocalFile(path)});
         QCOMPARE(mime->hasFormat(u"image/png"_qs), withData);
         QCOMPARE(f->user->lastCopy()->format, recorded);
@@ -171,18 +188,83 @@ private slots:
         QCOMPARE(mime->urls().size(), 1);
         const QFileInfo file(mime->urls().first().toLocalFile());
         QVERIFY(file.isFile());
-        QCOMPARE(file.canonicalPath(), QFileInfo(CopyService::dragFolder()).canonicalFilePath());
+        QCOMPARE(file.canonicalPath(), QFileInfo(DragFolder::path()).canonicalFilePath());
         QVERIFY(!file.fileName().startsWith(u'.'));
         QVERIFY(std::ranges::all_of(file.fileName(),
                                     [](QChar c) { return c.isPrint() && c != u'\\'; }));
+    }
+
+    // Whatever another account left where drag files go, a drag still carries
+    // a file, written only where nobody else can read, replace or link it.
+    void dragFilesGoWhereOnlyThisUserCanWrite_data()
+    {
+        QTest::addColumn<Planted>("planted");
+        QTest::addColumn<bool>("inRuntimeDir");
+        QTest::newRow("runtime dir") << Planted::nothing << true;
+        QTest::newRow("no runtime dir") << Planted::noRuntimeDir << false;
+        QTest::newRow("runtime dir others share") << Planted::sharedRuntimeDir << false;
+        QTest::newRow("a link in its place") << Planted::link << false;
+        QTest::newRow("a folder open to others") << Planted::openFolder << false;
+        if (::getuid() == 0) // only an administrator can give a folder away
+            QTest::newRow("a folder of another user") << Planted::foreignFolder << false;
+    }
+    void dragFilesGoWhereOnlyThisUserCanWrite()
+    {
+        QFETCH(Planted, planted);
+        QFETCH(bool, inRuntimeDir);
+        const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+        const QString temp = QDir::tempPath();
+        const QString elsewhere = f->dir.filePath(u"elsewhere"_qs);
+        QVERIFY(QDir().mkdir(elsewhere));
+        // The planted folder is where the drag folder would be without a
+        // runtime dir in the shared temporary folder, or with one.
+        const QString target = (planted == Planted::link || planted == Planted::openFolder ||
+                                planted == Planted::foreignFolder)
+                                   ? runtime + u"/Pictray"_qs
+                                   : temp + u"/Pictray"_qs;
+        switch (planted) {
+        case Planted::nothing:
+            break;
+        case Planted::noRuntimeDir:
+            qunsetenv("XDG_RUNTIME_DIR");
+            QVERIFY(QFile::link(elsewhere, target));
+            break;
+        case Planted::sharedRuntimeDir:
+            QVERIFY(QFile::setPermissions(elsewhere, QFileDevice::Permissions(0x7777)));
+            qputenv("XDG_RUNTIME_DIR", elsewhere.toLocal8Bit());
+            break;
+        case Planted::link:
+            QVERIFY(QFile::link(elsewhere, target));
+            break;
+        case Planted::openFolder:
+            QVERIFY(QDir().mkdir(target));
+            QVERIFY(QFile::setPermissions(target, QFileDevice::Permissions(0x7777)));
+            break;
+        case Planted::foreignFolder:
+            QVERIFY(QDir().mkdir(target));
+            QCOMPARE(::chown(QFile::encodeName(target).constData(), 65534, 65534), 0);
+            break;
+        }
+        prefs->setDragFormat(DragFormat::svg);
+        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(u"plus"_qs)));
+        QCOMPARE(mime->urls().size(), 1);
+        const QFileInfo file(mime->urls().first().toLocalFile());
+        QVERIFY(file.isFile());
+        const QFileInfo folder(file.absolutePath());
+        QVERIFY(closedToOthers(folder));
+        QCOMPARE(folder.absoluteFilePath() ==
+                     QFileInfo(runtime + u"/Pictray"_qs).absoluteFilePath(),
+                 inRuntimeDir);
+        QVERIFY(folder.absoluteFilePath() != QFileInfo(temp + u"/Pictray"_qs).absoluteFilePath());
+        QVERIFY(QDir(elsewhere).isEmpty());
     }
 
     void aPlantedLinkIsNeverWrittenThrough()
     {
         const QString victim = f->dir.filePath(u"victim"_qs);
         QFile(victim).open(QIODevice::WriteOnly);
-        const QString link = CopyService::dragFolder() + u"/plus.svg"_qs;
-        QDir().mkpath(CopyService::dragFolder());
+        const QString link = DragFolder::path() + u"/plus.svg"_qs;
+        QDir().mkpath(DragFolder::path());
         QFile::remove(link);
         QVERIFY(QFile::link(victim, link));
         prefs->setDragFormat(DragFormat::bestMatch);

@@ -1,5 +1,6 @@
 #include "IconGlyph.h"
 
+#include "Base/HexColor.h"
 #include "Catalog/IconLibrary.h"
 #include "Geometry/StrokeOutline.h"
 
@@ -133,14 +134,6 @@ void IconGlyph::invalidateShape()
     update();
 }
 
-QColor IconGlyph::parseColor(const QString& value, const QColor& current)
-{
-    if (!value.startsWith(u'#'))
-        return current;
-    const QColor parsed = QColor::fromString(value);
-    return parsed.isValid() ? parsed : current;
-}
-
 void IconGlyph::paint(QPainter* painter)
 {
     if (!m_path || m_size <= 0)
@@ -165,5 +158,5 @@ void IconGlyph::paint(QPainter* painter)
         m_shapeValid = true;
     }
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->fillPath(m_shape, parseColor(m_color, m_currentColor));
+    painter->fillPath(m_shape, HexColor::parse(m_color).value_or(m_currentColor));
 }

@@ -20,7 +20,8 @@ class IconGlyph : public QQuickPaintedItem {
     QML_ELEMENT
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     Q_PROPERTY(bool filled READ filled WRITE setFilled NOTIFY filledChanged)
-    // A hex colour such as "#DC2626", or "currentColor" for `currentColor`.
+    // A hex colour in CSS order such as "#DC2626" or "#DC262680"; anything
+    // else ("currentColor") draws in `currentColor`.
     Q_PROPERTY(QString color READ color WRITE setColor NOTIFY colorChanged)
     // What "currentColor" stands for: the text colour of the palette.
     Q_PROPERTY(
@@ -53,10 +54,6 @@ public:
     void setStroke(qreal stroke);
 
     void paint(QPainter* painter) override;
-
-    // "#RGB", "#RRGGBB" or "#AARRGGBB"; `current` for "currentColor" and for
-    // anything unreadable.
-    static QColor parseColor(const QString& value, const QColor& current);
 
 signals:
     void nameChanged();

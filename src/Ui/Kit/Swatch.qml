@@ -28,7 +28,8 @@ Item {
         anchors.fill: parent
         anchors.margins: 4
         radius: width / 2
-        color: swatch.value.charAt(0) === "#" ? swatch.value : Theme.text
+        objectName: "swatchSample"
+        color: CssColor.parse(swatch.value, Theme.text)
         border.width: 1
         border.color: Qt.rgba(Theme.text.r, Theme.text.g, Theme.text.b, 0.18)
         clip: true

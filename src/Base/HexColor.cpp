@@ -1,0 +1,31 @@
+#include "HexColor.h"
+
+#include <algorithm>
+
+namespace HexColor {
+
+std::optional<QColor> parse(QStringView text)
+{
+    text = text.trimmed();
+    if (!text.startsWith(u'#'))
+        return std::nullopt;
+    text = text.sliced(1);
+    const qsizetype length = text.size();
+    // Digits only: QString::toUInt would also take a sign, spaces or "0x".
+    const bool hex = std::all_of(text.begin(), text.end(), [](QChar c) {
+        return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+    });
+    if (!hex || (length != 3 && length != 4 && length != 6 && length != 8))
+        return std::nullopt;
+    const uint value = text.toUInt(nullptr, 16);
+    const int digitsPerChannel = length <= 4 ? 1 : 2;
+    const int channels = int(length) / digitsPerChannel;
+    const auto channel = [&](int index) {
+        const int bits = 4 * digitsPerChannel;
+        const int part = int((value >> (bits * (channels - 1 - index))) & ((1u << bits) - 1));
+        return digitsPerChannel == 1 ? part * 17 : part;
+    };
+    return QColor(channel(0), channel(1), channel(2), channels == 4 ? channel(3) : 255);
+}
+
+} // namespace HexColor

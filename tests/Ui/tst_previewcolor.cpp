@@ -1,0 +1,105 @@
+#include "Catalog/IconLibrary.h"
+#include "Catalog/PackageConverter.h"
+#include "Export/IconRenderer.h"
+#include "Export/RenderOptions.h"
+#include "State/Preferences.h"
+#include "State/SettingsStore.h"
+#include "Ui/Kit/IconGlyph.h"
+#include "Ui/Kit/KitQml.h"
+
+#include <QPainter>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QTemporaryDir>
+#include <QTest>
+
+// What the picker shows of a colour setting is what a copy of it gives: the
+// glyph and the colour swatch read the setting as the export does.
+class TestPreviewColor : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir dir;
+    std::unique_ptr<IconLibrary> library;
+    std::unique_ptr<SettingsStore> store;
+    std::unique_ptr<Preferences> prefs;
+    QQmlEngine engine;
+
+    std::unique_ptr<QObject> create(const QByteArray& qml)
+    {
+        QQmlComponent component(&engine);
+        component.setData("import QtQuick\nimport Pictray.Kit\n" + qml, QUrl());
+        std::unique_ptr<QObject> object(component.create());
+        if (!object)
+            qWarning("%s", qPrintable(component.errorString()));
+        return object;
+    }
+
+    QColor exported(const QString& color)
+    {
+        const IconExport item{library->icon(u"block"), IconStyle::filled, 24, 2, color};
+        const QImage image =
+            IconRenderer::bitmap(*library, item.icon, RenderOptions::forExport(item, 1, *prefs));
+        return image.pixelColor(12, 12);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        const PathList square{"M0 0h24v24H0z"};
+        QFile file(dir.filePath(u"catalogue.json"_qs));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(
+            PackageConverter::OutFile{"1.0", {{u"block"_qs, u"Shapes"_qs, {}, square, square}}}
+                .encode());
+        file.close();
+        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
+        store = std::make_unique<SettingsStore>(dir.filePath(u"settings.conf"_qs));
+        prefs = std::make_unique<Preferences>(*store);
+        prefs->setPngPadding(0);
+        registerKitQml(engine, *library);
+    }
+
+    void previewMatchesTheExport_data()
+    {
+        QTest::addColumn<QString>("color");
+        for (const QString& color : {u"#DC2626"_qs, u"#DC262680"_qs, u"#0068DA40"_qs, u"#f808"_qs})
+            QTest::addRow("%s", qPrintable(color)) << color;
+    }
+    void previewMatchesTheExport()
+    {
+        QFETCH(QString, color);
+        const QColor expected = exported(color);
+        QVERIFY(expected.alpha() > 0);
+        const auto close = [&](const QColor& shown) {
+            return qAbs(shown.red() - expected.red()) <= 2 &&
+                   qAbs(shown.green() - expected.green()) <= 2 &&
+                   qAbs(shown.blue() - expected.blue()) <= 2 &&
+                   qAbs(shown.alpha() - expected.alpha()) <= 2;
+        };
+
+        const std::unique_ptr<QObject> glyph =
+            create("IconGlyph { name: 'block'; filled: true; width: 24; height: 24; color: '" +
+                   color.toUtf8() + "' }");
+        QVERIFY(qobject_cast<IconGlyph*>(glyph.get()));
+        QImage drawn(24, 24, QImage::Format_ARGB32_Premultiplied);
+        drawn.fill(Qt::transparent);
+        {
+            QPainter painter(&drawn);
+            qobject_cast<IconGlyph*>(glyph.get())->paint(&painter);
+        }
+        QVERIFY2(close(drawn.pixelColor(12, 12)),
+                 qPrintable(drawn.pixelColor(12, 12).name(QColor::HexArgb) + u" drawn, "_qs +
+                            expected.name(QColor::HexArgb) + u" exported"_qs));
+
+        const std::unique_ptr<QObject> swatch =
+            create("Swatch { value: '" + color.toUtf8() + "' }");
+        QVERIFY(swatch);
+        const auto* sample = swatch->findChild<QObject*>(u"swatchSample"_qs);
+        QVERIFY(sample);
+        const QColor shown = sample->property("color").value<QColor>();
+        QVERIFY2(close(shown), qPrintable(shown.name(QColor::HexArgb) + u" shown"_qs));
+    }
+};
+
+QTEST_MAIN(TestPreviewColor)
+#include "tst_previewcolor.moc"
