@@ -66,6 +66,15 @@ QQuickItem* PanelWindow::rootItem() const
     return m_root;
 }
 
+bool PanelWindow::popupHasKeys() const
+{
+    for (const QQuickItem* item = activeFocusItem(); item; item = item->parentItem()) {
+        if (item->inherits("QQuickPopupItem"))
+            return true;
+    }
+    return false;
+}
+
 void PanelWindow::shape(std::optional<double> arrowX, bool arrowDown)
 {
     setMask(shapeRegion(size(), arrowX, arrowDown));

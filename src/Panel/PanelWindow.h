@@ -30,6 +30,10 @@ public:
     // Null when the QML could not be loaded (its errors are logged).
     QQuickItem* rootItem() const;
 
+    // Whether a popup of the views (the inspector's "Copy as" list) has the
+    // keyboard focus: its keys are then its own, not the panel's.
+    bool popupHasKeys() const;
+
     // Limits the window to the body and the arrow triangle: without a
     // compositor the transparent parts would show black.
     void shape(std::optional<double> arrowX, bool arrowDown);

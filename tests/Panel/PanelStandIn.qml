@@ -18,6 +18,12 @@ Item {
         color: appearance.dark ? "#1e1e1e" : "#f5f5f5"
     }
 
+    // Where the views' copy button would be.
+    Connections {
+        target: controller
+        function onFormatMenuRequested() { controller.openFormatMenu(Qt.rect(480, 680, 240, 36)) }
+    }
+
     TextInput {
         objectName: "search"
         focus: true

@@ -1,5 +1,6 @@
 #include "Catalog/PackageConverter.h"
 #include "Export/CopyService.h"
+#include "FakeCopyTargets.h"
 #include "Panel/FormatMenu.h"
 #include "Panel/PickerController.h"
 #include "Picker/PickerModel.h"
@@ -18,19 +19,6 @@ using namespace std::chrono_literals;
 using PackageConverter::OutEntry;
 
 namespace {
-
-struct FakeTargets : Clipboard, HeadsUp, Paster {
-    QStringList messages;
-    int remembered = 0;
-    int pastes = 0;
-    void clear() override {}
-    void putText(const QString&) override {}
-    void putPNG(const QByteArray&, const QImage&) override {}
-    void show(const QString& message) override { messages.append(message); }
-    void rememberTarget() override { ++remembered; }
-    bool isTrusted() const override { return true; }
-    void paste() override { ++pastes; }
-};
 
 // The format menu's icons and enough others for grid moves: 24 icons, three rows.
 std::vector<OutEntry> catalogue()
@@ -63,7 +51,7 @@ class TestPickerController : public QObject {
     std::unique_ptr<Preferences> prefs;
     std::unique_ptr<IconLibrary> library;
     std::unique_ptr<UserLibrary> user;
-    FakeTargets fake;
+    FakeCopyTargets fake;
     std::unique_ptr<CopyService> service;
     std::unique_ptr<PickerModel> model;
     std::unique_ptr<PickerController> controller;

@@ -1,12 +1,17 @@
+#include "Export/CopyService.h"
 #include "Export/IconCopier.h"
+#include "FakeCopyTargets.h"
+#include "Panel/FormatMenu.h"
+#include "Panel/PickerController.h"
 #include "Panel/PopoverState.h"
-#include "Picker/PickerModel.h"
 #include "Panel/Views/PickerBindings.h"
 #include "Panel/Views/PictrayQml.h"
+#include "Picker/PickerModel.h"
 #include "QuickItems.h"
 #include "State/SettingsStore.h"
 #include "TestData.h"
 
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -15,15 +20,6 @@
 #include <QTest>
 
 namespace {
-
-// What the views call on the panel controller.
-class StandInController : public QObject {
-    Q_OBJECT
-public:
-    QStringList calls;
-    Q_INVOKABLE void openSettings() { calls.append(u"settings"_qs); }
-    Q_INVOKABLE void startDrag(const QString& name) { calls.append(u"drag "_qs + name); }
-};
 
 struct CountingCopier : IconCopier {
     int copies = 0;
@@ -44,7 +40,9 @@ class TestPickerViews : public QObject {
     CountingCopier copier;
     std::unique_ptr<PickerModel> model;
     PopoverState popover;
-    StandInController controller;
+    FakeCopyTargets targets;
+    std::unique_ptr<CopyService> service;
+    std::unique_ptr<PickerController> controller;
     std::unique_ptr<QQmlEngine> engine;
     std::unique_ptr<QQuickWindow> window;
     QQuickItem* root = nullptr;
@@ -101,6 +99,8 @@ private slots:
         root = nullptr;
         window.reset();
         engine.reset();
+        controller.reset();
+        service.reset();
         model.reset();
         user.reset();
         prefs.reset();
@@ -111,8 +111,11 @@ private slots:
             *store, *prefs, [this](const QString& name) { return !library->icon(name).isNull(); });
         model = std::make_unique<PickerModel>(*library, *user, *prefs, &copier);
         popover.setArrowX(-1);
-        controller.calls.clear();
         copier.copies = 0;
+        service = std::make_unique<CopyService>(*library, *user, *prefs, targets, targets, targets);
+        controller = std::make_unique<PickerController>(*model, *prefs, *user, *service, targets);
+        controller->setEngineSetup([this](QQmlEngine& e) { registerPictrayQml(e, *library); });
+        controller->setBeep([] {});
 
         engine = std::make_unique<QQmlEngine>();
         registerPictrayQml(*engine, *library);
@@ -121,7 +124,7 @@ private slots:
         QObject* created = component.createWithInitialProperties(
             {{u"model"_qs, QVariant::fromValue<QObject*>(model.get())},
              {u"popover"_qs, QVariant::fromValue<QObject*>(&popover)},
-             {u"controller"_qs, QVariant::fromValue<QObject*>(&controller)}});
+             {u"controller"_qs, QVariant::fromValue<QObject*>(controller.get())}});
         QVERIFY2(created, qPrintable(component.errorString()));
         root = qobject_cast<QQuickItem*>(created);
         window = std::make_unique<QQuickWindow>();
@@ -138,6 +141,14 @@ private slots:
     {
         delete root;
         root = nullptr;
+    }
+
+    // The controller's own panel, with the views on it alone.
+    QQuickWindow* showPanel()
+    {
+        cleanup();
+        controller->show();
+        return controller->panel();
     }
 
     void emptyGridTexts_data()
@@ -234,7 +245,7 @@ private slots:
                                            u" icons \u00B7 works offline"_qs}));
     }
 
-    void copyButtonTitleAndFrame()
+    void copyButtonTitleAndClick()
     {
         model->setFormat(ExportFormat::svg);
         settle();
@@ -243,20 +254,78 @@ private slots:
         model->setFormat(ExportFormat::jsx);
         QTRY_COMPARE(text(u"copyButtonText"_qs), u"Copy React / JSX"_qs);
 
-        // The frame is in the body's coordinates: inside it, at the lower right.
-        const QRectF frame = model->copyButtonFrame();
-        QVERIFY2(QRectF(0, 0, 780, 730).contains(frame), qPrintable(u"%1,%2 %3x%4"_qs.arg(frame.x())
-                                                                        .arg(frame.y())
-                                                                        .arg(frame.width())
-                                                                        .arg(frame.height())));
-        QVERIFY(frame.left() > 780 - 300 && frame.top() > 600 && frame.height() > 20);
-        popover.setArrowX(400);
-        settle();
-        QCOMPARE(model->copyButtonFrame(), frame); // the arrow moves the body, not the frame
-
+        QQuickItem* button = item(u"copyButton"_qs);
         QTest::mouseClick(window.get(), Qt::LeftButton, {},
-                          (frame.center() + QPointF(0, 11)).toPoint());
+                          button->mapToScene(QPointF(button->width() / 2, 10)).toPoint());
         QCOMPARE(copier.copies, 1);
+    }
+
+    // Ctrl+Return opens the "Copy as" menu 4 points under the copy button,
+    // on whichever side of the panel the arrow is.
+    void formatMenuOpensUnderTheCopyButton_data()
+    {
+        QTest::addColumn<bool>("arrowDown");
+        QTest::newRow("arrow on top") << false;
+        QTest::newRow("arrow at the bottom") << true;
+    }
+    void formatMenuOpensUnderTheCopyButton()
+    {
+        QFETCH(bool, arrowDown);
+        prefs->setPickerPosition(PickerPosition::underMenuBarIcon);
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY2(screen.height() > 1200, "the menu must fit under the panel");
+        // A tray icon low on the screen, not at its bottom, leaves room for the menu.
+        const int trayY = arrowDown ? screen.top() + screen.height() * 3 / 4 : screen.top();
+        const QRect tray(screen.center().x(), trayY, 24, 24);
+        controller->setTrayIconGeometry([tray] { return tray; });
+        QQuickWindow* panel = showPanel();
+        QVERIFY(QTest::qWaitForWindowExposed(panel));
+        QCOMPARE(controller->popoverState().arrowDown(), arrowDown);
+        QQuickItem* button = findItem(panel->contentItem(), u"copyButton"_qs);
+        QVERIFY(button);
+        const QPointF under = button->mapToScene(QPointF(0, button->height() + 4));
+
+        QVERIFY(
+            controller->handle(QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::ControlModifier)));
+        QTRY_VERIFY(controller->formatMenu() && controller->formatMenu()->isVisible());
+        QCOMPARE(controller->formatMenu()->pos(), panel->mapToGlobal(under.toPoint()));
+        controller->formatMenu()->hide();
+    }
+
+    // While the inspector's "Copy as" list is open it has the keys: Escape
+    // closes only the list, the arrows move in it and Return picks from it.
+    void openFormatListTakesTheKeys()
+    {
+        prefs->setPickerPosition(PickerPosition::centered);
+        model->setFormat(ExportFormat::svg);
+        QQuickWindow* panel = showPanel();
+        QTRY_VERIFY(panel->isActive());
+        model->setQuery(u"arrow"_qs);
+        QQuickItem* choice = findItem(panel->contentItem(), u"formatChoice"_qs);
+        QVERIFY(choice);
+        auto* popup = choice->findChild<QObject*>(u"formatPopup"_qs);
+        QVERIFY(popup);
+        const auto openList = [&] {
+            QTest::mouseClick(panel, Qt::LeftButton, {},
+                              choice->mapToScene(QPointF(choice->width() / 2, 10)).toPoint());
+            return QTest::qWaitFor([&] { return popup->property("opened").toBool(); });
+        };
+
+        QVERIFY(openList());
+        QTest::keyClick(panel, Qt::Key_Escape);
+        QTRY_VERIFY(!popup->property("visible").toBool());
+        QCOMPARE(model->query(), u"arrow"_qs);
+        QVERIFY(controller->isVisible());
+
+        QVERIFY(openList());
+        const int selected = model->selectedIndex();
+        QTest::keyClick(panel, Qt::Key_Down);
+        QTest::keyClick(panel, Qt::Key_Return);
+        QTRY_VERIFY(!popup->property("visible").toBool());
+        QCOMPARE(model->selectedIndex(), selected);
+        QCOMPARE(model->format(), ExportFormat::jsx);
+        QCOMPARE(copier.copies, 0);
+        QVERIFY(controller->isVisible());
     }
 
     void chipsFollowTheTabs()

@@ -11,19 +11,18 @@ Rectangle {
     required property QtObject model
     required property PickerBindings bindings
     required property QtObject controller
-    required property Item frameReference
 
     color: Theme.card
 
-    // Where the format menu opens: the copy button's frame in the body.
-    readonly property rect copyButtonFrame: {
-        // Every position the frame depends on, so the binding follows layout.
-        inspector.x; inspector.y; inspector.width; inspector.height;
-        actions.y; copyButton.x; copyButton.width; copyButton.height;
-        return copyButton.mapToItem(frameReference, 0, 0, copyButton.width, copyButton.height)
+    // The "Copy as" menu opens under the copy button, given in the window's
+    // coordinates as the controller places it.
+    Connections {
+        target: inspector.controller
+        function onFormatMenuRequested() {
+            inspector.controller.openFormatMenu(
+                copyButton.mapToItem(null, 0, 0, copyButton.width, copyButton.height))
+        }
     }
-    onCopyButtonFrameChanged: model.copyButtonFrame = copyButtonFrame
-    Component.onCompleted: model.copyButtonFrame = copyButtonFrame
 
     ColumnLayout {
         anchors.fill: parent

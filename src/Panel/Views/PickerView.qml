@@ -10,8 +10,6 @@ Item {
     required property QtObject model
     required property PickerBindings bindings
     required property QtObject controller
-    // The item the copy button's frame is reported in (the panel body).
-    required property Item frameReference
 
     ColumnLayout {
         anchors.fill: parent
@@ -70,7 +68,6 @@ Item {
                 model: view.model
                 bindings: view.bindings
                 controller: view.controller
-                frameReference: view.frameReference
             }
         }
 

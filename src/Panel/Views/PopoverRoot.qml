@@ -46,7 +46,6 @@ Item {
             model: root.model
             bindings: bindings
             controller: root.controller
-            frameReference: body
         }
     }
 
