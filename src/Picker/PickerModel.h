@@ -55,7 +55,8 @@ class PickerModel : public QObject {
     Q_PROPERTY(QString currentName READ currentName NOTIFY currentChanged)
 
 public:
-    // Keyboard moves assume the grid shows exactly this many columns.
+    // The grid's column count: keyboard moves count with it and the grid
+    // view reads it, so the two agree.
     static constexpr int columns = 8;
     // The icon the picker opens on when the results hold it.
     static QString startIconName() { return QStringLiteral("heart"); }

@@ -370,6 +370,20 @@ private slots:
         QCOMPARE(copier.copies, 1);
     }
 
+    // The model's Down is one row of the grid: the cell straight below.
+    void downMovesToTheCellBelow()
+    {
+        model->setQuery(u"arrow"_qs);
+        model->setSelectedID(model->resultNames().at(2));
+        model->move(0, 1);
+        settle();
+        QQuickItem* above = item(u"cell_"_qs + model->resultNames().at(2));
+        QQuickItem* below = item(u"cell_"_qs + model->selectedID());
+        QVERIFY(above && below);
+        QCOMPARE(below->x(), above->x());
+        QCOMPARE(below->y(), above->y() + above->height() + 4);
+    }
+
     void gridScrollsToTheSelectionAndDrawsItsGlyph()
     {
         model->setColor(u"#DC2626"_qs);

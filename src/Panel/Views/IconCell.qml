@@ -16,7 +16,6 @@ Rectangle {
 
     readonly property bool selected: index === pickerModel.selectedIndex
     readonly property bool hovering: area.containsMouse
-    property bool dragging: false
 
     objectName: "cell_" + iconName
     height: 58
@@ -37,28 +36,15 @@ Rectangle {
         currentColor: Theme.text
     }
 
-    MouseArea {
+    DragArea {
         id: area
         anchors.fill: parent
-        hoverEnabled: true
-        property point pressPoint
-        onPressed: (mouse) => {
-            pressPoint = Qt.point(mouse.x, mouse.y)
-            cell.dragging = false
-        }
+        controller: cell.controller
+        iconName: cell.iconName
         onClicked: cell.pickerModel.selectedID = cell.iconName
         onDoubleClicked: {
             cell.pickerModel.selectedID = cell.iconName
             cell.pickerModel.copy()
-        }
-        onPositionChanged: (mouse) => {
-            if (!pressed || cell.dragging)
-                return
-            const moved = Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y)
-            if (moved >= Qt.styleHints.startDragDistance) {
-                cell.dragging = true
-                cell.controller.startDrag(cell.iconName)
-            }
         }
     }
 

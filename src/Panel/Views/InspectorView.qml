@@ -97,22 +97,12 @@ Rectangle {
                     size: Math.min(inspector.model.size, preview.height - 24)
                     stroke: inspector.model.stroke
                 }
-                MouseArea {
+                DragArea {
                     id: previewArea
                     anchors.fill: parent
-                    hoverEnabled: true
                     cursorShape: Qt.OpenHandCursor
-                    property point pressPoint
-                    property bool dragging: false
-                    onPressed: (mouse) => { pressPoint = Qt.point(mouse.x, mouse.y); dragging = false }
-                    onPositionChanged: (mouse) => {
-                        if (!pressed || dragging)
-                            return
-                        if (Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y) >= Qt.styleHints.startDragDistance) {
-                            dragging = true
-                            inspector.controller.startDrag(inspector.model.currentName)
-                        }
-                    }
+                    controller: inspector.controller
+                    iconName: inspector.model.currentName
                 }
                 ToolTip.visible: previewArea.containsMouse && !previewArea.pressed
                 ToolTip.delay: 600
@@ -212,22 +202,12 @@ Rectangle {
                     size: 18
                     currentColor: Theme.textSecondary
                 }
-                MouseArea {
+                DragArea {
                     id: handleArea
                     anchors.fill: parent
-                    hoverEnabled: true
                     cursorShape: Qt.OpenHandCursor
-                    property point pressPoint
-                    property bool dragging: false
-                    onPressed: (mouse) => { pressPoint = Qt.point(mouse.x, mouse.y); dragging = false }
-                    onPositionChanged: (mouse) => {
-                        if (!pressed || dragging)
-                            return
-                        if (Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y) >= Qt.styleHints.startDragDistance) {
-                            dragging = true
-                            inspector.controller.startDrag(inspector.model.currentName)
-                        }
-                    }
+                    controller: inspector.controller
+                    iconName: inspector.model.currentName
                 }
                 ToolTip.visible: handleArea.containsMouse && !handleArea.pressed
                 ToolTip.delay: 600

@@ -49,6 +49,8 @@ class PickerBindings : public QObject {
     Q_PROPERTY(QString formatLabel READ formatLabel NOTIFY formatsChanged)
     Q_PROPERTY(QString copyButtonTitle READ copyButtonTitle NOTIFY formatsChanged)
 
+    // The grid's columns, the ones the model's keyboard moves count with.
+    Q_PROPERTY(int columns READ columns CONSTANT)
     Q_PROPERTY(QString favoriteKeys READ favoriteKeys CONSTANT)
     Q_PROPERTY(QUrl requestIconUrl READ requestIconUrl CONSTANT)
 
@@ -88,6 +90,7 @@ public:
     QString formatLabel() const;
     QString copyButtonTitle() const;
 
+    static int columns() { return PickerModel::columns; }
     // The primary modifier with D, as the desktop writes shortcuts: "⌘D" on
     // macOS, "Ctrl+D" elsewhere.
     QString favoriteKeys() const { return favoriteKeys(QKeySequence::NativeText); }
