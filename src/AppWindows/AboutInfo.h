@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 #include <QUrl>
+#include <QtQml/qqmlregistration.h>
 
 class IconLibrary;
 
@@ -10,6 +11,8 @@ class IconLibrary;
 // set's licence.
 class AboutInfo : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("the window manager hands it to the windows")
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(QString build READ build CONSTANT)
     Q_PROPERTY(QString catalogueVersion READ catalogueVersion NOTIFY catalogueVersionChanged)

@@ -115,8 +115,9 @@ void PickerController::makePanel()
         {QStringLiteral("model"), QVariant::fromValue(&m_model)},
         {QStringLiteral("popover"), QVariant::fromValue(&m_popover)},
         {QStringLiteral("controller"), QVariant::fromValue(this)},
+        {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
     };
-    m_panel = std::make_unique<PanelWindow>(m_rootUrl, properties, &m_appearance, m_engineSetup);
+    m_panel = std::make_unique<PanelWindow>(m_rootUrl, properties, m_engineSetup);
     connect(m_panel.get(), &QWindow::activeChanged, this, [this] {
         if (!m_panel->isActive())
             panelDeactivated();

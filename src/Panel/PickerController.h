@@ -73,8 +73,7 @@ public:
     // Null until the panel is first shown.
     QQuickWindow* panel() const;
     PopoverState& popoverState();
-    // What the panel's QML reads as `appearance`; follows the setting at
-    // every opening.
+    // What the panel's root view follows; takes the setting at every opening.
     Appearance& appearance() { return m_appearance; }
 
     // The panel's keys; true when the key was the panel's and is consumed.

@@ -6,6 +6,7 @@ Item {
     required property QtObject model
     required property QtObject popover
     required property QtObject controller
+    required property QtObject appearance
 
     width: 780
     height: popover.hasArrow ? 741 : 730

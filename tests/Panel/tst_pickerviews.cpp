@@ -124,7 +124,8 @@ private slots:
         QObject* created = component.createWithInitialProperties(
             {{u"model"_qs, QVariant::fromValue<QObject*>(model.get())},
              {u"popover"_qs, QVariant::fromValue<QObject*>(&popover)},
-             {u"controller"_qs, QVariant::fromValue<QObject*>(controller.get())}});
+             {u"controller"_qs, QVariant::fromValue<QObject*>(controller.get())},
+             {u"appearance"_qs, QVariant::fromValue<QObject*>(&controller->appearance())}});
         QVERIFY2(created, qPrintable(component.errorString()));
         root = qobject_cast<QQuickItem*>(created);
         window = std::make_unique<QQuickWindow>();

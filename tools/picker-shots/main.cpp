@@ -4,9 +4,12 @@
 // With --measure it also prints how long the first load, a search and a
 // scroll of the full grid take (run with QT_QUICK_BACKEND=software).
 #include "Catalog/IconLibrary.h"
+#include "Export/CopyService.h"
+#include "FakeCopyTargets.h"
+#include "Panel/PickerController.h"
 #include "Panel/PopoverState.h"
-#include "Picker/PickerModel.h"
 #include "Panel/Views/PictrayQml.h"
+#include "Picker/PickerModel.h"
 #include "QuickItems.h"
 #include "State/SettingsStore.h"
 #include "Ui/Kit/Appearance.h"
@@ -16,7 +19,6 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QQmlComponent>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -26,14 +28,6 @@
 #include <memory>
 
 namespace {
-
-// Takes the views' calls to the panel controller and forgets them.
-class StandInController : public QObject {
-    Q_OBJECT
-public:
-    Q_INVOKABLE void openSettings() {}
-    Q_INVOKABLE void startDrag(const QString&) {}
-};
 
 void setTemporaryXdgDirs(const QTemporaryDir& dir)
 {
@@ -46,12 +40,13 @@ double waitForFrame(QQuickWindow& window)
 {
     QElapsedTimer timer;
     timer.start();
-    bool swapped = false;
+    // Shared with the slot: a queued call may still arrive after this returns.
+    const auto swapped = std::make_shared<bool>(false);
     const auto connection = QObject::connect(
-        &window, &QQuickWindow::frameSwapped, &window, [&] { swapped = true; },
+        &window, &QQuickWindow::frameSwapped, &window, [swapped] { *swapped = true; },
         Qt::QueuedConnection);
     window.update();
-    while (!swapped && timer.elapsed() < 5000)
+    while (!*swapped && timer.elapsed() < 5000)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     QObject::disconnect(connection);
     return timer.nsecsElapsed() / 1e6;
@@ -83,8 +78,11 @@ int main(int argc, char** argv)
     for (const char* name : {"heart", "star", "bolt", "brand-github", "coffee", "rocket"})
         user.toggleFavorite(QString::fromLatin1(name));
     PickerModel model(library, user, prefs, nullptr);
+    // A controller whose copies and drags reach nothing outside.
+    FakeCopyTargets targets;
+    CopyService copyService(library, user, prefs, targets, targets, targets);
+    PickerController controller(model, prefs, user, copyService, targets);
     PopoverState popover;
-    StandInController controller;
     Appearance appearance;
     appearance.setMode(AppearanceMode::light);
 
@@ -93,7 +91,6 @@ int main(int argc, char** argv)
     window.resize(780, 741);
     QQmlEngine engine;
     registerPictrayQml(engine, library);
-    engine.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance);
 
     QElapsedTimer created;
     created.start();
@@ -101,7 +98,8 @@ int main(int argc, char** argv)
     std::unique_ptr<QObject> rootObject(component.createWithInitialProperties(
         {{QStringLiteral("model"), QVariant::fromValue<QObject*>(&model)},
          {QStringLiteral("popover"), QVariant::fromValue<QObject*>(&popover)},
-         {QStringLiteral("controller"), QVariant::fromValue<QObject*>(&controller)}}));
+         {QStringLiteral("controller"), QVariant::fromValue<QObject*>(&controller)},
+         {QStringLiteral("appearance"), QVariant::fromValue<QObject*>(&appearance)}}));
     auto* root = qobject_cast<QQuickItem*>(rootObject.get());
     if (!root) {
         out << component.errorString() << Qt::endl;
@@ -204,5 +202,3 @@ int main(int argc, char** argv)
     }
     return 0;
 }
-
-#include "main.moc"

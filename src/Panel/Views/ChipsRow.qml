@@ -6,7 +6,7 @@ import Pictray.Picker
 // overflows, and the wheel scrolls it.
 Item {
     id: row
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
 
     implicitHeight: 40

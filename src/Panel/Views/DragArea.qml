@@ -5,7 +5,7 @@ import Pictray.Picker
 // platform's drag distance with the button down; clicks pass as usual.
 MouseArea {
     id: area
-    required property QtObject controller
+    required property PickerController controller
     required property string iconName
 
     property point pressPoint

@@ -7,7 +7,7 @@ import Pictray.Picker
 // and where to ask for a new icon.
 Item {
     id: empty
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
 
     ColumnLayout {

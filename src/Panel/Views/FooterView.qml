@@ -7,7 +7,7 @@ import Pictray.Picker
 // and favourite; at the trailing end the catalogue's size or a drag hint.
 Item {
     id: footer
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
 
     readonly property var hints: model.isSearching

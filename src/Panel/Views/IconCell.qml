@@ -10,9 +10,9 @@ Rectangle {
     required property int index
     required property string iconName
     // Not "model": a delegate's property of that name receives the row's data.
-    required property QtObject pickerModel
+    required property PickerModel pickerModel
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     readonly property bool selected: index === pickerModel.selectedIndex
     readonly property bool hovering: area.containsMouse

@@ -6,9 +6,9 @@ import Pictray.Picker
 // The results in the model's columns, created lazily as they scroll into view.
 Item {
     id: grid
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     readonly property int spacing: 4
 

@@ -8,9 +8,9 @@ import Pictray.Picker
 // exported, the colour, size, stroke and format, and the copy actions.
 Rectangle {
     id: inspector
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     color: Theme.card
 

@@ -3,6 +3,7 @@
 #include "Base/ExportFormat.h"
 #include "Picker/PickerModel.h"
 #include "Picker/PickerResultsModel.h"
+#include "PickerTypes.h"
 
 #include <QKeySequence>
 #include <QObject>
@@ -20,7 +21,7 @@ class PickerBindings : public QObject {
     QML_ELEMENT
     Q_PROPERTY(PickerModel* model READ model WRITE setModel NOTIFY modelChanged)
     // The results as a list model with the role `iconName`, for the grid.
-    Q_PROPERTY(QAbstractItemModel* results READ results CONSTANT)
+    Q_PROPERTY(PickerResultsModel* results READ results CONSTANT)
 
     Q_PROPERTY(bool filled READ filled WRITE setFilled NOTIFY styleChanged)
     Q_PROPERTY(QStringList tabTitles READ tabTitles NOTIFY tabsChanged)
@@ -59,7 +60,7 @@ public:
 
     PickerModel* model() const { return m_model; }
     void setModel(PickerModel* model);
-    QAbstractItemModel* results() { return &m_results; }
+    PickerResultsModel* results() { return &m_results; }
 
     bool filled() const;
     void setFilled(bool filled);

@@ -7,9 +7,9 @@ import Pictray.Picker
 // (or the empty results), and the footer of key hints.
 Item {
     id: view
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     ColumnLayout {
         anchors.fill: parent

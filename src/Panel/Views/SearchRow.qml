@@ -8,9 +8,9 @@ import Pictray.Picker
 // the settings button.
 Item {
     id: row
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     implicitHeight: 56
 
