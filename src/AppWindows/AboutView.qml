@@ -32,7 +32,8 @@ Item {
             Image {
                 anchors.centerIn: parent
                 source: "image://glyph/icons/ffffff"
-                sourceSize: Qt.size(44, 44)
+                sourceSize.width: 44
+                sourceSize.height: 44
             }
         }
         Label {

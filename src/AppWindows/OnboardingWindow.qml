@@ -40,7 +40,7 @@ ApplicationWindow {
     }
 
     Shortcut {
-        sequence: StandardKey.Cancel
+        sequence: "Escape"
         onActivated: window.close()
     }
 

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Pictray.Kit
@@ -25,16 +27,17 @@ Item {
         Repeater {
             model: footer.hints
             RowLayout {
+                id: hint
                 required property int index
                 required property var modelData
                 spacing: 6
                 KeyCap {
-                    objectName: "footerKey" + index
-                    text: modelData[0]
+                    objectName: "footerKey" + hint.index
+                    text: hint.modelData[0]
                 }
                 Text {
-                    objectName: "footerLabel" + index
-                    text: modelData[1]
+                    objectName: "footerLabel" + hint.index
+                    text: hint.modelData[1]
                     color: Theme.textSecondary
                     font.pixelSize: 12
                 }

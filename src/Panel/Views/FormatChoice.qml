@@ -1,6 +1,7 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Layouts
 import Pictray.Kit
 import Pictray.Picker
 

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
 import Pictray.Kit
@@ -59,9 +61,15 @@ Item {
     Connections {
         target: grid.model
         function onScrollRequestChanged() {
-            // After the grid has taken the new results.
-            Qt.callLater(grid.scrollToSelection)
+            scrollLater.restart()
         }
+    }
+
+    // Scrolls once the grid has taken the new results.
+    Timer {
+        id: scrollLater
+        interval: 0
+        onTriggered: grid.scrollToSelection()
     }
 
     function scrollToSelection() {
