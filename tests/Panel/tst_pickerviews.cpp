@@ -327,6 +327,9 @@ private slots:
         QCOMPARE(model->format(), ExportFormat::jsx);
         QCOMPARE(copier.copies, 0);
         QVERIFY(controller->isVisible());
+        // The keys are the panel's again, typing the search's.
+        QTest::keyClick(panel, Qt::Key_S);
+        QCOMPARE(model->query(), u"arrows"_qs);
     }
 
     void chipsFollowTheTabs()

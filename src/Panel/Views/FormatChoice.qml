@@ -62,6 +62,8 @@ Rectangle {
         readonly property int count: choice.bindings.codeFormatLabels.length
                                      + choice.bindings.imageFormatLabels.length
         onAboutToShow: highlighted = choice.bindings.formatIndex
+        // Typing goes back to the search field.
+        onClosed: choice.bindings.model.requestSearchFocus()
         function pick(index) {
             choice.bindings.formatIndex = index
             close()
