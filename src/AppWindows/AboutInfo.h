@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 #include <QUrl>
+#include <QtQml/qqmlregistration.h>
 
 class IconLibrary;
 
@@ -12,6 +13,8 @@ class IconLibrary;
 // set's licence.
 class AboutInfo : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("the window manager hands it to the windows")
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(QString build READ build CONSTANT)
     Q_PROPERTY(QString tagline READ tagline CONSTANT)

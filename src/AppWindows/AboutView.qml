@@ -1,10 +1,12 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Pictray.Windows
 
 // Who made Pictray, which versions run, and the icon set's credits.
 Item {
     id: view
+    required property AboutInfo about
     implicitWidth: 380
     implicitHeight: content.implicitHeight + 48
     WindowColors { id: colors }
@@ -30,7 +32,8 @@ Item {
             Image {
                 anchors.centerIn: parent
                 source: "image://glyph/icons/ffffff"
-                sourceSize: Qt.size(44, 44)
+                sourceSize.width: 44
+                sourceSize.height: 44
             }
         }
         Label {
@@ -42,7 +45,7 @@ Item {
         }
         Label {
             Layout.alignment: Qt.AlignHCenter
-            text: "Version " + about.version + " (" + about.build + ")"
+            text: "Version " + view.about.version + " (" + view.about.build + ")"
             color: colors.secondaryText
         }
         Label {
@@ -53,7 +56,7 @@ Item {
         }
         Label {
             Layout.alignment: Qt.AlignHCenter
-            text: "Tabler Icons " + about.catalogueVersion
+            text: "Tabler Icons " + view.about.catalogueVersion
             color: colors.secondaryText
         }
         Label {
@@ -64,7 +67,7 @@ Item {
             textFormat: Text.StyledText
             linkColor: colors.link
             color: colors.secondaryText
-            text: "Icons from <a href=\"" + about.tablerURL + "\">Tabler Icons</a>"
+            text: "Icons from <a href=\"" + view.about.tablerURL + "\">Tabler Icons</a>"
                   + " by Paweł Kuna and contributors, under the MIT License."
             onLinkActivated: link => Qt.openUrlExternally(link)
             HoverHandler { cursorShape: parent.hoveredLink ? Qt.PointingHandCursor : Qt.ArrowCursor }
@@ -80,11 +83,11 @@ Item {
             spacing: 12
             Button {
                 text: "Website"
-                onClicked: Qt.openUrlExternally(about.websiteURL)
+                onClicked: Qt.openUrlExternally(view.about.websiteURL)
             }
             Button {
                 text: "Support"
-                onClicked: Qt.openUrlExternally(about.supportURL)
+                onClicked: Qt.openUrlExternally(view.about.supportURL)
             }
         }
         Label {
@@ -122,7 +125,7 @@ Item {
                 TextArea {
                     readOnly: true
                     wrapMode: Text.WordWrap
-                    text: about.licenceText
+                    text: view.about.licenceText
                     color: colors.text
                     font.pixelSize: 12
                     background: null

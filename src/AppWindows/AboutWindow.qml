@@ -1,15 +1,22 @@
 import QtQuick
 import QtQuick.Controls
+import Pictray.Kit
+import Pictray.Windows
 
 ApplicationWindow {
     id: window
+    required property Appearance appearance
+    required property AboutInfo about
     title: "About Pictray"
     width: 400
     height: aboutView.implicitHeight
     minimumWidth: 360
     minimumHeight: aboutView.implicitHeight
     color: colors.window
-    WindowColors { id: colors }
+    WindowColors {
+        id: colors
+        appearance: window.appearance
+    }
     palette {
         window: colors.window
         windowText: colors.text
@@ -31,6 +38,7 @@ ApplicationWindow {
 
     AboutView {
         id: aboutView
+        about: window.about
         anchors.fill: parent
     }
 }

@@ -2,10 +2,14 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import Pictray.Kit
+import Pictray.Windows
 
 // The first-run window: where Pictray lives and the keys that reach it.
 ApplicationWindow {
     id: window
+    required property Appearance appearance
+    required property AboutInfo about
+    required property WindowManager windowManager
     // The shortcuts as key caps; empty when there is none.
     required property var pickerKeys
     required property var copyLastKeys
@@ -16,7 +20,10 @@ ApplicationWindow {
     minimumWidth: 420
     minimumHeight: 360
     color: colors.window
-    WindowColors { id: colors }
+    WindowColors {
+        id: colors
+        appearance: window.appearance
+    }
     palette {
         window: colors.window
         windowText: colors.text
@@ -33,7 +40,7 @@ ApplicationWindow {
     }
 
     Shortcut {
-        sequence: StandardKey.Cancel
+        sequence: "Escape"
         onActivated: window.close()
     }
 
@@ -95,7 +102,7 @@ ApplicationWindow {
                     font.weight: Font.Bold
                 }
                 Text {
-                    text: about.iconCount.toLocaleString(Qt.locale("en_US"), "f", 0)
+                    text: window.about.iconCount.toLocaleString(Qt.locale("en_US"), "f", 0)
                           + "+ Tabler icons a keystroke away."
                     color: Theme.textSecondary
                     font.pixelSize: Theme.fontSize
@@ -142,7 +149,7 @@ ApplicationWindow {
             Layout.alignment: Qt.AlignRight
             text: "Start Using Pictray"
             highlighted: true
-            onClicked: windowManager.finishOnboarding()
+            onClicked: window.windowManager.finishOnboarding()
         }
     }
 }

@@ -1,11 +1,16 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import Pictray.Kit
+import Pictray.Windows
 
 // Settings in three tabs; the window is titled after the tab shown.
 ApplicationWindow {
     id: window
+    required property Appearance appearance
+    required property AboutInfo about
     // 0 General, 1 Copy, 2 About: set by the window manager, changed by the tabs.
     property int currentTab: 0
     readonly property var tabLabels: ["General", "Copy", "About"]
@@ -17,7 +22,10 @@ ApplicationWindow {
     minimumWidth: 480
     minimumHeight: 460
     color: colors.window
-    WindowColors { id: colors }
+    WindowColors {
+        id: colors
+        appearance: window.appearance
+    }
     palette {
         window: colors.window
         windowText: colors.text
@@ -116,7 +124,7 @@ ApplicationWindow {
                            "pictray prefs set reactLanguage jsx",
                            "pictray prefs list"]
             }
-            AboutView {}
+            AboutView { about: window.about }
         }
     }
 }

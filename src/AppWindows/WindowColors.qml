@@ -1,8 +1,12 @@
 import QtQuick
 import Pictray.Kit
 
-// The windows' colours: the kit's palette, following the appearance.
+// The windows' colours: the kit's palette. The one a window makes with its
+// appearance sets the palette to follow it.
 QtObject {
+    id: colors
+    property Appearance appearance: null
+
     readonly property bool dark: Theme.dark
     readonly property color window: Theme.body
     readonly property color card: Theme.card
@@ -15,8 +19,9 @@ QtObject {
     readonly property color buttonBorder: Theme.fieldBorder
 
     property Binding followAppearance: Binding {
+        when: colors.appearance !== null
         target: Theme
         property: "dark"
-        value: typeof appearance !== "undefined" && appearance !== null && appearance.dark
+        value: colors.appearance !== null && colors.appearance.dark
     }
 }

@@ -1,18 +1,22 @@
 #include "WindowManager.h"
 
 #include "AboutInfo.h"
+#include "State/Preferences.h"
 #include "Ui/AppPalette.h"
 #include "Ui/GlyphImageProvider.h"
 #include "Ui/Kit/KitQml.h"
-#include "State/Preferences.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QQmlComponent>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickStyle>
 #include <QScreen>
+
+// Made by qmltyperegistrar for the module the windows' QML and this class
+// share. The module has no plugin to import, so the engine sets up its types
+// with this call.
+void qml_register_types_Pictray_Windows();
 
 namespace {
 
@@ -65,18 +69,18 @@ QQmlEngine& WindowManager::engine()
         m_engine = std::make_unique<QQmlEngine>();
         m_engine->addImportPath(QStringLiteral("qrc:/"));
         registerKitQml(*m_engine, m_library);
+        qml_register_types_Pictray_Windows();
         m_engine->addImageProvider(QStringLiteral("glyph"), new GlyphImageProvider(m_library));
-        QQmlContext* context = m_engine->rootContext();
-        context->setContextProperty(QStringLiteral("appearance"), &m_appearance);
-        context->setContextProperty(QStringLiteral("about"), m_aboutInfo.get());
-        context->setContextProperty(QStringLiteral("windowManager"), this);
     }
     return *m_engine;
 }
 
-QQuickWindow* WindowManager::create(const QString& file, const QVariantMap& properties)
+QQuickWindow* WindowManager::create(const QString& file, QVariantMap properties)
 {
     QQmlComponent component(&engine(), QUrl(QStringLiteral("qrc:/Pictray/Windows/") + file));
+    // Every window follows the appearance and shows what the about view says.
+    properties.insert(QStringLiteral("appearance"), QVariant::fromValue(&m_appearance));
+    properties.insert(QStringLiteral("about"), QVariant::fromValue(m_aboutInfo.get()));
     // Qt 6.4 crashes when asked to create from a component that failed.
     QObject* object =
         component.isReady() ? component.createWithInitialProperties(properties) : nullptr;
@@ -145,7 +149,8 @@ void WindowManager::showOnboarding()
         };
         m_onboarding = create(QStringLiteral("OnboardingWindow.qml"),
                               {{QStringLiteral("pickerKeys"), caps(m_prefs.pickerHotKey())},
-                               {QStringLiteral("copyLastKeys"), caps(m_prefs.copyLastHotKey())}});
+                               {QStringLiteral("copyLastKeys"), caps(m_prefs.copyLastHotKey())},
+                               {QStringLiteral("windowManager"), QVariant::fromValue(this)}});
         if (!m_onboarding)
             return;
         forgetOnClose(&WindowManager::m_onboarding);

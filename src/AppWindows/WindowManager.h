@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QQuickWindow>
+#include <QtQml/qqmlregistration.h>
 #include <memory>
 #include <optional>
 
@@ -19,6 +20,8 @@ class QQmlEngine;
 // to the application. The picker panel is not one of them.
 class WindowManager : public QObject {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("one manager owns the windows")
 
 public:
     enum class Tab { general, copy, about };
@@ -62,7 +65,9 @@ signals:
 
 private:
     QQmlEngine& engine();
-    QQuickWindow* create(const QString& file, const QVariantMap& properties);
+    // The window in `file`, given `properties` and the appearance and about
+    // information every window takes.
+    QQuickWindow* create(const QString& file, QVariantMap properties);
     // Forgets (and deletes) the window once it is closed.
     void forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot);
 

@@ -3,7 +3,6 @@
 #include "PanelPlacement.h"
 
 #include <QQmlComponent>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <cmath>
@@ -25,8 +24,7 @@ int cornerInset(int row, int height)
 
 } // namespace
 
-PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance,
-                         const EngineSetup& setup)
+PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, const EngineSetup& setup)
     // The engine is a child so it outlives the items, which die with the
     // content item in the window's destructor.
     : m_engine(new QQmlEngine(this))
@@ -39,7 +37,6 @@ PanelWindow::PanelWindow(const QUrl& root, const QVariantMap& properties, QObjec
     setColor(Qt::transparent);
 
     m_engine->addImportPath(QStringLiteral("qrc:/"));
-    m_engine->rootContext()->setContextProperty(QStringLiteral("appearance"), appearance);
     if (setup)
         setup(*m_engine);
     QQmlComponent component(m_engine, root, QQmlComponent::PreferSynchronous);
@@ -64,6 +61,15 @@ PanelWindow::~PanelWindow()
 QQuickItem* PanelWindow::rootItem() const
 {
     return m_root;
+}
+
+bool PanelWindow::popupHasKeys() const
+{
+    for (const QQuickItem* item = activeFocusItem(); item; item = item->parentItem()) {
+        if (item->inherits("QQuickPopupItem"))
+            return true;
+    }
+    return false;
 }
 
 void PanelWindow::shape(std::optional<double> arrowX, bool arrowDown)

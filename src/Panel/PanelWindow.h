@@ -20,15 +20,18 @@ class PanelWindow : public QQuickWindow {
 public:
     using EngineSetup = std::function<void(QQmlEngine&)>;
 
-    // The root QML gets `properties` as its required properties and reads
-    // the context property `appearance`; `setup` prepares the engine (QML
-    // modules, image sources) before the root is loaded.
-    PanelWindow(const QUrl& root, const QVariantMap& properties, QObject* appearance,
-                const EngineSetup& setup = {});
+    // The root QML gets `properties` as its required properties; `setup`
+    // prepares the engine (QML modules, image sources) before the root is
+    // loaded.
+    PanelWindow(const QUrl& root, const QVariantMap& properties, const EngineSetup& setup = {});
     ~PanelWindow() override;
 
     // Null when the QML could not be loaded (its errors are logged).
     QQuickItem* rootItem() const;
+
+    // Whether a popup of the views (the inspector's "Copy as" list) has the
+    // keyboard focus: its keys are then its own, not the panel's.
+    bool popupHasKeys() const;
 
     // Limits the window to the body and the arrow triangle: without a
     // compositor the transparent parts would show black.

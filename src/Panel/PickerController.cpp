@@ -117,8 +117,9 @@ void PickerController::makePanel()
         {QStringLiteral("model"), QVariant::fromValue(&m_model)},
         {QStringLiteral("popover"), QVariant::fromValue(&m_popover)},
         {QStringLiteral("controller"), QVariant::fromValue(this)},
+        {QStringLiteral("appearance"), QVariant::fromValue(&m_appearance)},
     };
-    m_panel = std::make_unique<PanelWindow>(m_rootUrl, properties, &m_appearance, m_engineSetup);
+    m_panel = std::make_unique<PanelWindow>(m_rootUrl, properties, m_engineSetup);
     connect(m_panel.get(), &QWindow::activeChanged, this, [this] {
         if (!m_panel->isActive())
             panelDeactivated();
@@ -144,7 +145,7 @@ void PickerController::place()
 
 bool PickerController::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_panel.get() && event->type() == QEvent::KeyPress)
+    if (watched == m_panel.get() && event->type() == QEvent::KeyPress && !m_panel->popupHasKeys())
         return handle(*static_cast<QKeyEvent*>(event));
     return QObject::eventFilter(watched, event);
 }
@@ -247,7 +248,13 @@ void PickerController::showFormatMenu()
         beep();
         return;
     }
-    if (!m_panel || m_menu)
+    if (m_panel && !m_menu)
+        emit formatMenuRequested();
+}
+
+void PickerController::openFormatMenu(const QRectF& copyButton)
+{
+    if (!m_panel || m_menu || !m_model.currentExport())
         return;
     m_menu = new FormatMenu(m_prefs, *m_model.library(), m_model.format(), m_rendition);
     FormatMenu* menu = m_menu;
@@ -268,8 +275,8 @@ void PickerController::showFormatMenu()
         });
     });
     m_showingMenu = true;
-    const QRectF button = m_model.copyButtonFrame();
-    menu->popup(m_panel->mapToGlobal(QPointF(button.left(), button.bottom() + 4).toPoint()));
+    menu->popup(
+        m_panel->mapToGlobal(QPointF(copyButton.left(), copyButton.bottom() + 4)).toPoint());
 }
 
 FormatMenu* PickerController::formatMenu() const

@@ -80,16 +80,19 @@ public:
     // Null until the panel is first shown.
     QQuickWindow* panel() const;
     PopoverState& popoverState();
-    // What the panel's QML reads as `appearance`; follows the setting at
-    // every opening.
+    // What the panel's root view follows; takes the setting at every opening.
     Appearance& appearance() { return m_appearance; }
 
     // The panel's keys; true when the key was the panel's and is consumed.
     bool handle(const QKeyEvent& event);
     // After a successful copy: close, stay, or close and paste.
     void didCopy();
-    // The "Copy as" menu under the copy button; a beep with nothing to copy.
+    // Asks the views for the "Copy as" menu (they know where the copy button
+    // is and answer with openFormatMenu); a beep with nothing to copy.
     void showFormatMenu();
+    // The "Copy as" menu just under `copyButton`, a frame in the panel
+    // window's coordinates.
+    Q_INVOKABLE void openFormatMenu(const QRectF& copyButton);
     // The format menu while it is open.
     FormatMenu* formatMenu() const;
     bool showingMenu() const { return m_showingMenu; }
@@ -105,6 +108,8 @@ public:
     Q_INVOKABLE void startDrag(const QString& iconName);
 
 signals:
+    // The views answer with openFormatMenu.
+    void formatMenuRequested();
     // The panel asks for the settings window on a tab (0 General, 1 Copy).
     void settingsRequested(int tab);
     void quitRequested();

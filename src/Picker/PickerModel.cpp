@@ -224,14 +224,6 @@ void PickerModel::setFormat(ExportFormat format)
     emit formatChanged();
 }
 
-void PickerModel::setCopyButtonFrame(const QRectF& frame)
-{
-    if (frame == m_copyButtonFrame)
-        return;
-    m_copyButtonFrame = frame;
-    emit copyButtonFrameChanged();
-}
-
 bool PickerModel::isSearching() const
 {
     return !m_query.trimmed().isEmpty();

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Base/ExportFormat.h"
 #include "Catalog/IconLibrary.h"
 #include "ColorSwatch.h"
-#include "Base/ExportFormat.h"
 #include "Export/IconExport.h"
 #include "PickerTab.h"
 #include "State/Preferences.h"
@@ -10,7 +10,6 @@
 
 #include <QList>
 #include <QObject>
-#include <QRectF>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -35,8 +34,6 @@ class PickerModel : public QObject {
     Q_PROPERTY(IconList results READ results NOTIFY resultsChanged)
     Q_PROPERTY(int scrollRequest READ scrollRequest NOTIFY scrollRequestChanged)
     Q_PROPERTY(int focusSearch READ focusSearch NOTIFY focusSearchChanged)
-    Q_PROPERTY(QRectF copyButtonFrame READ copyButtonFrame WRITE setCopyButtonFrame NOTIFY
-                   copyButtonFrameChanged)
     Q_PROPERTY(IconLibrary* library READ library CONSTANT)
     Q_PROPERTY(UserLibrary* user READ user CONSTANT)
     Q_PROPERTY(Preferences* prefs READ prefs CONSTANT)
@@ -58,7 +55,8 @@ class PickerModel : public QObject {
     Q_PROPERTY(QString currentName READ currentName NOTIFY currentChanged)
 
 public:
-    // Keyboard moves assume the grid shows exactly this many columns.
+    // The grid's column count: keyboard moves count with it and the grid
+    // view reads it, so the two agree.
     static constexpr int columns = 8;
     // The icon the picker opens on when the results hold it.
     static QString startIconName() { return QStringLiteral("heart"); }
@@ -79,7 +77,6 @@ public:
     const IconList& results() const { return m_results; }
     int scrollRequest() const { return m_scrollRequest; }
     int focusSearch() const { return m_focusSearch; }
-    QRectF copyButtonFrame() const { return m_copyButtonFrame; }
     IconLibrary* library() const { return &m_library; }
     UserLibrary* user() const { return &m_user; }
     Preferences* prefs() const { return &m_prefs; }
@@ -92,7 +89,6 @@ public:
     void setSize(int size);
     void setStroke(double stroke);
     void setFormat(ExportFormat format);
-    void setCopyButtonFrame(const QRectF& frame);
 
     QList<PickerTab> tabs() const { return m_tabs; }
     // The query holds more than white space.
@@ -144,7 +140,6 @@ signals:
     void resultsChanged();
     void scrollRequestChanged();
     void focusSearchChanged();
-    void copyButtonFrameChanged();
     void tabsChanged();
     void isSearchingChanged();
     void currentChanged();
@@ -210,7 +205,6 @@ private:
     IconList m_results;
     int m_scrollRequest = 0;
     int m_focusSearch = 0;
-    QRectF m_copyButtonFrame;
 
     QList<PickerTab> m_tabs;
     int m_outlineCount = 0;

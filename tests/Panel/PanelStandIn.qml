@@ -6,6 +6,7 @@ Item {
     required property QtObject model
     required property QtObject popover
     required property QtObject controller
+    required property QtObject appearance
 
     width: 780
     height: popover.hasArrow ? 741 : 730
@@ -16,6 +17,12 @@ Item {
         height: 730
         radius: 12
         color: appearance.dark ? "#1e1e1e" : "#f5f5f5"
+    }
+
+    // Where the views' copy button would be.
+    Connections {
+        target: controller
+        function onFormatMenuRequested() { controller.openFormatMenu(Qt.rect(480, 680, 240, 36)) }
     }
 
     TextInput {

@@ -1,34 +1,25 @@
+#include "Panel/FormatMenu.h"
+#include "Panel/PickerController.h"
 #include "Panel/PopoverState.h"
 #include "Panel/Views/PickerBindings.h"
 #include "Panel/Views/PictrayQml.h"
 #include "PickerFixture.h"
 #include "QuickItems.h"
 
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-// What the views call on the panel controller.
-class StandInController : public QObject {
-    Q_OBJECT
-public:
-    QStringList calls;
-    Q_INVOKABLE void openSettings() { calls.append(u"settings"_qs); }
-    Q_INVOKABLE void startDrag(const QString& name) { calls.append(u"drag "_qs + name); }
-};
-
-} // namespace
 
 class TestPickerViews : public QObject {
     Q_OBJECT
 
     std::unique_ptr<PickerFixture> f;
     PopoverState popover;
-    StandInController controller;
+    std::unique_ptr<PickerController> controller;
     std::unique_ptr<QQmlEngine> engine;
     std::unique_ptr<QQuickWindow> window;
     QQuickItem* root = nullptr;
@@ -50,8 +41,7 @@ class TestPickerViews : public QObject {
         QQuickItem* found = item(name);
         return found && found->isVisible();
     }
-    // Lets the bindings, layouts and Qt.callLater run; grabbing a frame
-    // polishes and lays out every item that asked for it.
+    // Lets the bindings, layouts and Qt.callLater run.
     void settle()
     {
         QCoreApplication::processEvents();
@@ -72,7 +62,6 @@ class TestPickerViews : public QObject {
     }
 
 private slots:
-    // Pixels read back the same on every machine.
     void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
 
     void init()
@@ -80,9 +69,13 @@ private slots:
         root = nullptr;
         window.reset();
         engine.reset();
+        controller.reset();
         f = std::make_unique<PickerFixture>();
         popover.setArrowX(-1);
-        controller.calls.clear();
+        controller =
+            std::make_unique<PickerController>(*f->model, f->prefs, *f->user, *f->copy, f->targets);
+        controller->setEngineSetup([this](QQmlEngine& e) { registerPictrayQml(e, *f->library); });
+        controller->setBeep([] {});
 
         engine = std::make_unique<QQmlEngine>();
         registerPictrayQml(*engine, *f->library);
@@ -91,7 +84,8 @@ private slots:
         QObject* created = component.createWithInitialProperties(
             {{u"model"_qs, QVariant::fromValue<QObject*>(f->model.get())},
              {u"popover"_qs, QVariant::fromValue<QObject*>(&popover)},
-             {u"controller"_qs, QVariant::fromValue<QObject*>(&controller)}});
+             {u"controller"_qs, QVariant::fromValue<QObject*>(controller.get())},
+             {u"appearance"_qs, QVariant::fromValue<QObject*>(&controller->appearance())}});
         QVERIFY2(created, qPrintable(component.errorString()));
         root = qobject_cast<QQuickItem*>(created);
         window = std::make_unique<QQuickWindow>();
@@ -108,6 +102,14 @@ private slots:
     {
         delete root;
         root = nullptr;
+    }
+
+    // The controller's own panel, with the views on it alone.
+    QQuickWindow* showPanel()
+    {
+        cleanup();
+        controller->show();
+        return controller->panel();
     }
 
     void emptyGridTexts_data()
@@ -204,7 +206,7 @@ private slots:
                                            u" icons \u00B7 works offline"_qs}));
     }
 
-    void copyButtonTitleAndFrame()
+    void copyButtonTitleAndClick()
     {
         f->model->setFormat(ExportFormat::svg);
         settle();
@@ -213,20 +215,81 @@ private slots:
         f->model->setFormat(ExportFormat::jsx);
         QTRY_COMPARE(text(u"copyButtonText"_qs), u"Copy React / JSX"_qs);
 
-        // The frame is in the body's coordinates: inside it, at the lower right.
-        const QRectF frame = f->model->copyButtonFrame();
-        QVERIFY2(QRectF(0, 0, 780, 730).contains(frame), qPrintable(u"%1,%2 %3x%4"_qs.arg(frame.x())
-                                                                        .arg(frame.y())
-                                                                        .arg(frame.width())
-                                                                        .arg(frame.height())));
-        QVERIFY(frame.left() > 780 - 300 && frame.top() > 600 && frame.height() > 20);
-        popover.setArrowX(400);
-        settle();
-        QCOMPARE(f->model->copyButtonFrame(), frame); // the arrow moves the body, not the frame
-
+        QQuickItem* button = item(u"copyButton"_qs);
         QTest::mouseClick(window.get(), Qt::LeftButton, {},
-                          (frame.center() + QPointF(0, 11)).toPoint());
+                          button->mapToScene(QPointF(button->width() / 2, 10)).toPoint());
         QCOMPARE(f->targets.messages, 1);
+    }
+
+    // Ctrl+Return opens the "Copy as" menu 4 points under the copy button,
+    // on whichever side of the panel the arrow is.
+    void formatMenuOpensUnderTheCopyButton_data()
+    {
+        QTest::addColumn<bool>("arrowDown");
+        QTest::newRow("arrow on top") << false;
+        QTest::newRow("arrow at the bottom") << true;
+    }
+    void formatMenuOpensUnderTheCopyButton()
+    {
+        QFETCH(bool, arrowDown);
+        f->prefs.setPickerPosition(PickerPosition::underMenuBarIcon);
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY2(screen.height() > 1200, "the menu must fit under the panel");
+        // A tray icon low on the screen, not at its bottom, leaves room for the menu.
+        const int trayY = arrowDown ? screen.top() + screen.height() * 3 / 4 : screen.top();
+        const QRect tray(screen.center().x(), trayY, 24, 24);
+        controller->setTrayIconGeometry([tray] { return tray; });
+        QQuickWindow* panel = showPanel();
+        QVERIFY(QTest::qWaitForWindowExposed(panel));
+        QCOMPARE(controller->popoverState().arrowDown(), arrowDown);
+        QQuickItem* button = findItem(panel->contentItem(), u"copyButton"_qs);
+        QVERIFY(button);
+        const QPointF under = button->mapToScene(QPointF(0, button->height() + 4));
+
+        QVERIFY(
+            controller->handle(QKeyEvent(QEvent::KeyPress, Qt::Key_Return, Qt::ControlModifier)));
+        QTRY_VERIFY(controller->formatMenu() && controller->formatMenu()->isVisible());
+        QCOMPARE(controller->formatMenu()->pos(), panel->mapToGlobal(under.toPoint()));
+        controller->formatMenu()->hide();
+    }
+
+    // While the inspector's "Copy as" list is open it has the keys: Escape
+    // closes only the list, the arrows move in it and Return picks from it.
+    void openFormatListTakesTheKeys()
+    {
+        f->prefs.setPickerPosition(PickerPosition::centered);
+        f->model->setFormat(ExportFormat::svg);
+        QQuickWindow* panel = showPanel();
+        QTRY_VERIFY(panel->isActive());
+        f->model->setQuery(u"arrow"_qs);
+        QQuickItem* choice = findItem(panel->contentItem(), u"formatChoice"_qs);
+        QVERIFY(choice);
+        auto* popup = choice->findChild<QObject*>(u"formatPopup"_qs);
+        QVERIFY(popup);
+        const auto openList = [&] {
+            QTest::mouseClick(panel, Qt::LeftButton, {},
+                              choice->mapToScene(QPointF(choice->width() / 2, 10)).toPoint());
+            return QTest::qWaitFor([&] { return popup->property("opened").toBool(); });
+        };
+
+        QVERIFY(openList());
+        QTest::keyClick(panel, Qt::Key_Escape);
+        QTRY_VERIFY(!popup->property("visible").toBool());
+        QCOMPARE(f->model->query(), u"arrow"_qs);
+        QVERIFY(controller->isVisible());
+
+        QVERIFY(openList());
+        const int selected = f->model->selectedIndex();
+        QTest::keyClick(panel, Qt::Key_Down);
+        QTest::keyClick(panel, Qt::Key_Return);
+        QTRY_VERIFY(!popup->property("visible").toBool());
+        QCOMPARE(f->model->selectedIndex(), selected);
+        QCOMPARE(f->model->format(), ExportFormat::jsx);
+        QCOMPARE(f->targets.messages, 0);
+        QVERIFY(controller->isVisible());
+        // The keys are the panel's again, typing the search's.
+        QTest::keyClick(panel, Qt::Key_S);
+        QCOMPARE(f->model->query(), u"arrows"_qs);
     }
 
     void chipsFollowTheTabs()
@@ -269,6 +332,20 @@ private slots:
         QTest::mouseDClick(window.get(), Qt::LeftButton, {}, at);
         QCOMPARE(f->model->selectedID(), second);
         QCOMPARE(f->targets.messages, 1);
+    }
+
+    // The model's Down is one row of the grid: the cell straight below.
+    void downMovesToTheCellBelow()
+    {
+        f->model->setQuery(u"arrow"_qs);
+        f->model->setSelectedID(f->model->resultNames().at(2));
+        f->model->move(0, 1);
+        settle();
+        QQuickItem* above = item(u"cell_"_qs + f->model->resultNames().at(2));
+        QQuickItem* below = item(u"cell_"_qs + f->model->selectedID());
+        QVERIFY(above && below);
+        QCOMPARE(below->x(), above->x());
+        QCOMPARE(below->y(), above->y() + above->height() + 4);
     }
 
     void gridScrollsToTheSelectionAndDrawsItsGlyph()

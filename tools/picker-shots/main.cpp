@@ -3,6 +3,7 @@
 //   picker-shots [OUTPUT_DIR] [--measure]
 // With --measure it also prints how long the first load, a search and a
 // scroll of the full grid take (run with QT_QUICK_BACKEND=software).
+#include "Panel/PickerController.h"
 #include "Panel/PopoverState.h"
 #include "Panel/Views/PictrayQml.h"
 #include "PickerFixture.h"
@@ -14,7 +15,6 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QQmlComponent>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -24,14 +24,6 @@
 #include <memory>
 
 namespace {
-
-// Takes the views' calls to the panel controller and forgets them.
-class StandInController : public QObject {
-    Q_OBJECT
-public:
-    Q_INVOKABLE void openSettings() {}
-    Q_INVOKABLE void startDrag(const QString&) {}
-};
 
 void setTemporaryXdgDirs(const QTemporaryDir& dir)
 {
@@ -44,12 +36,13 @@ double waitForFrame(QQuickWindow& window)
 {
     QElapsedTimer timer;
     timer.start();
-    bool swapped = false;
+    // Shared with the slot: a queued call may still arrive after this returns.
+    const auto swapped = std::make_shared<bool>(false);
     const auto connection = QObject::connect(
-        &window, &QQuickWindow::frameSwapped, &window, [&] { swapped = true; },
+        &window, &QQuickWindow::frameSwapped, &window, [swapped] { *swapped = true; },
         Qt::QueuedConnection);
     window.update();
-    while (!swapped && timer.elapsed() < 5000)
+    while (!*swapped && timer.elapsed() < 5000)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     QObject::disconnect(connection);
     return timer.nsecsElapsed() / 1e6;
@@ -77,8 +70,9 @@ int main(int argc, char** argv)
     for (const char* name : {"heart", "star", "bolt", "brand-github", "coffee", "rocket"})
         picker.user->toggleFavorite(QString::fromLatin1(name));
     PickerModel& model = *picker.model;
+    // A controller whose copies and drags reach nothing outside.
+    PickerController controller(model, picker.prefs, *picker.user, *picker.copy, picker.targets);
     PopoverState popover;
-    StandInController controller;
     Appearance appearance;
     appearance.setMode(AppearanceMode::light);
 
@@ -87,7 +81,6 @@ int main(int argc, char** argv)
     window.resize(780, 741);
     QQmlEngine engine;
     registerPictrayQml(engine, *picker.library);
-    engine.rootContext()->setContextProperty(QStringLiteral("appearance"), &appearance);
 
     QElapsedTimer created;
     created.start();
@@ -95,7 +88,8 @@ int main(int argc, char** argv)
     std::unique_ptr<QObject> rootObject(component.createWithInitialProperties(
         {{QStringLiteral("model"), QVariant::fromValue<QObject*>(&model)},
          {QStringLiteral("popover"), QVariant::fromValue<QObject*>(&popover)},
-         {QStringLiteral("controller"), QVariant::fromValue<QObject*>(&controller)}}));
+         {QStringLiteral("controller"), QVariant::fromValue<QObject*>(&controller)},
+         {QStringLiteral("appearance"), QVariant::fromValue<QObject*>(&appearance)}}));
     auto* root = qobject_cast<QQuickItem*>(rootObject.get());
     if (!root) {
         out << component.errorString() << Qt::endl;
@@ -198,5 +192,3 @@ int main(int argc, char** argv)
     }
     return 0;
 }
-
-#include "main.moc"

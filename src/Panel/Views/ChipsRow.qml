@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Pictray.Kit
 import Pictray.Picker
@@ -6,7 +8,7 @@ import Pictray.Picker
 // overflows, and the wheel scrolls it.
 Item {
     id: row
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
 
     implicitHeight: 40

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Pictray.Kit
@@ -7,7 +9,7 @@ import Pictray.Picker
 // and where to ask for a new icon.
 Item {
     id: empty
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
 
     ColumnLayout {
@@ -68,6 +70,7 @@ Item {
             Repeater {
                 model: empty.bindings.nearMatchNames
                 Rectangle {
+                    id: nearMatch
                     required property string modelData
                     objectName: "nearMatch_" + modelData
                     width: 48
@@ -80,7 +83,7 @@ Item {
                     Accessible.name: modelData
                     IconImage {
                         anchors.centerIn: parent
-                        name: modelData
+                        name: nearMatch.modelData
                         size: 24
                         filled: empty.bindings.filled
                         color: empty.model.color
@@ -90,7 +93,7 @@ Item {
                         id: nearArea
                         anchors.fill: parent
                         hoverEnabled: true
-                        onClicked: empty.model.query = modelData
+                        onClicked: empty.model.query = nearMatch.modelData
                     }
                 }
             }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Pictray.Kit
@@ -7,7 +9,7 @@ import Pictray.Picker
 // and favourite; at the trailing end the catalogue's size or a drag hint.
 Item {
     id: footer
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
 
     readonly property var hints: model.isSearching
@@ -25,16 +27,17 @@ Item {
         Repeater {
             model: footer.hints
             RowLayout {
+                id: hint
                 required property int index
                 required property var modelData
                 spacing: 6
                 KeyCap {
-                    objectName: "footerKey" + index
-                    text: modelData[0]
+                    objectName: "footerKey" + hint.index
+                    text: hint.modelData[0]
                 }
                 Text {
-                    objectName: "footerLabel" + index
-                    text: modelData[1]
+                    objectName: "footerLabel" + hint.index
+                    text: hint.modelData[1]
                     color: Theme.textSecondary
                     font.pixelSize: 12
                 }

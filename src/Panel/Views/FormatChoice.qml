@@ -1,6 +1,7 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Layouts
 import Pictray.Kit
 import Pictray.Picker
 
@@ -54,6 +55,19 @@ Rectangle {
         margins: 8
         width: choice.width
         padding: 6
+        // The list has the keys while open: the arrows move the highlight,
+        // Return picks it, Escape closes.
+        focus: true
+        property int highlighted: -1
+        readonly property int count: choice.bindings.codeFormatLabels.length
+                                     + choice.bindings.imageFormatLabels.length
+        onAboutToShow: highlighted = choice.bindings.formatIndex
+        // Typing goes back to the search field.
+        onClosed: choice.bindings.model.requestSearchFocus()
+        function pick(index) {
+            choice.bindings.formatIndex = index
+            close()
+        }
         background: Rectangle {
             color: Theme.card
             radius: Theme.radius
@@ -62,6 +76,11 @@ Rectangle {
         }
         contentItem: Column {
             spacing: 0
+            focus: true
+            Keys.onUpPressed: popup.highlighted = Math.max(0, popup.highlighted - 1)
+            Keys.onDownPressed: popup.highlighted = Math.min(popup.count - 1, popup.highlighted + 1)
+            Keys.onReturnPressed: popup.pick(popup.highlighted)
+            Keys.onEnterPressed: popup.pick(popup.highlighted)
             FormatGroup {
                 width: parent.width
                 title: "Code"
@@ -98,42 +117,41 @@ Rectangle {
         Repeater {
             model: group.labels
             Rectangle {
+                id: formatItem
                 required property int index
                 required property string modelData
-                readonly property bool current: group.firstIndex + index === choice.bindings.formatIndex
+                readonly property int formatIndex: group.firstIndex + index
+                readonly property bool current: formatIndex === choice.bindings.formatIndex
+                readonly property bool highlighted: formatIndex === popup.highlighted
                 width: group.width
                 height: 26
                 radius: Theme.smallRadius
-                color: itemArea.containsMouse ? Theme.accentFill : "transparent"
+                color: highlighted ? Theme.accentFill : "transparent"
                 Accessible.role: Accessible.MenuItem
                 Accessible.name: modelData
                 IconImage {
-                    id: check
                     anchors.left: parent.left
                     anchors.leftMargin: 6
                     anchors.verticalCenter: parent.verticalCenter
-                    visible: current
+                    visible: formatItem.current
                     name: "check"
                     size: 14
-                    currentColor: itemArea.containsMouse ? Theme.accentText : Theme.text
+                    currentColor: formatItem.highlighted ? Theme.accentText : Theme.text
                 }
                 Text {
-                    objectName: group.objectName + "Item" + index
+                    objectName: group.objectName + "Item" + formatItem.index
                     anchors.left: parent.left
                     anchors.leftMargin: 26
                     anchors.verticalCenter: parent.verticalCenter
-                    text: modelData
-                    color: itemArea.containsMouse ? Theme.accentText : Theme.text
+                    text: formatItem.modelData
+                    color: formatItem.highlighted ? Theme.accentText : Theme.text
                     font.pixelSize: 13
                 }
                 MouseArea {
-                    id: itemArea
                     anchors.fill: parent
                     hoverEnabled: true
-                    onClicked: {
-                        choice.bindings.formatIndex = group.firstIndex + index
-                        popup.close()
-                    }
+                    onEntered: popup.highlighted = formatItem.formatIndex
+                    onClicked: popup.pick(formatItem.formatIndex)
                 }
             }
         }

@@ -10,13 +10,12 @@ Rectangle {
     required property int index
     required property string iconName
     // Not "model": a delegate's property of that name receives the row's data.
-    required property QtObject pickerModel
+    required property PickerModel pickerModel
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     readonly property bool selected: index === pickerModel.selectedIndex
     readonly property bool hovering: area.containsMouse
-    property bool dragging: false
 
     objectName: "cell_" + iconName
     height: 58
@@ -37,28 +36,15 @@ Rectangle {
         currentColor: Theme.text
     }
 
-    MouseArea {
+    DragArea {
         id: area
         anchors.fill: parent
-        hoverEnabled: true
-        property point pressPoint
-        onPressed: (mouse) => {
-            pressPoint = Qt.point(mouse.x, mouse.y)
-            cell.dragging = false
-        }
+        controller: cell.controller
+        iconName: cell.iconName
         onClicked: cell.pickerModel.selectedID = cell.iconName
         onDoubleClicked: {
             cell.pickerModel.selectedID = cell.iconName
             cell.pickerModel.copy()
-        }
-        onPositionChanged: (mouse) => {
-            if (!pressed || cell.dragging)
-                return
-            const moved = Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y)
-            if (moved >= Qt.styleHints.startDragDistance) {
-                cell.dragging = true
-                cell.controller.startDrag(cell.iconName)
-            }
         }
     }
 

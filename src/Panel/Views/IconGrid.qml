@@ -1,17 +1,17 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
 import Pictray.Kit
 import Pictray.Picker
 
-// The results in 8 columns, created lazily as they scroll into view.
+// The results in the model's columns, created lazily as they scroll into view.
 Item {
     id: grid
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
-    // The keyboard moves of the model assume this many columns.
-    readonly property int columns: 8
     readonly property int spacing: 4
 
     GridView {
@@ -24,7 +24,7 @@ Item {
         anchors.rightMargin: 12 - grid.spacing
         topMargin: 10
         bottomMargin: 10 - grid.spacing
-        cellWidth: width / grid.columns
+        cellWidth: width / grid.bindings.columns
         cellHeight: 58 + grid.spacing
         clip: true
         reuseItems: true
@@ -61,9 +61,15 @@ Item {
     Connections {
         target: grid.model
         function onScrollRequestChanged() {
-            // After the grid has taken the new results.
-            Qt.callLater(grid.scrollToSelection)
+            scrollLater.restart()
         }
+    }
+
+    // Scrolls once the grid has taken the new results.
+    Timer {
+        id: scrollLater
+        interval: 0
+        onTriggered: grid.scrollToSelection()
     }
 
     function scrollToSelection() {

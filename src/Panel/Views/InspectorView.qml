@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Controls.Basic
 import QtQuick.Layouts
@@ -8,22 +10,21 @@ import Pictray.Picker
 // exported, the colour, size, stroke and format, and the copy actions.
 Rectangle {
     id: inspector
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
-    required property Item frameReference
+    required property PickerController controller
 
     color: Theme.card
 
-    // Where the format menu opens: the copy button's frame in the body.
-    readonly property rect copyButtonFrame: {
-        // Every position the frame depends on, so the binding follows layout.
-        inspector.x; inspector.y; inspector.width; inspector.height;
-        actions.y; copyButton.x; copyButton.width; copyButton.height;
-        return copyButton.mapToItem(frameReference, 0, 0, copyButton.width, copyButton.height)
+    // The "Copy as" menu opens under the copy button, given in the window's
+    // coordinates as the controller places it.
+    Connections {
+        target: inspector.controller
+        function onFormatMenuRequested() {
+            inspector.controller.openFormatMenu(
+                copyButton.mapToItem(null, 0, 0, copyButton.width, copyButton.height))
+        }
     }
-    onCopyButtonFrameChanged: model.copyButtonFrame = copyButtonFrame
-    Component.onCompleted: model.copyButtonFrame = copyButtonFrame
 
     ColumnLayout {
         anchors.fill: parent
@@ -98,22 +99,12 @@ Rectangle {
                     size: Math.min(inspector.model.size, preview.height - 24)
                     stroke: inspector.model.stroke
                 }
-                MouseArea {
+                DragArea {
                     id: previewArea
                     anchors.fill: parent
-                    hoverEnabled: true
                     cursorShape: Qt.OpenHandCursor
-                    property point pressPoint
-                    property bool dragging: false
-                    onPressed: (mouse) => { pressPoint = Qt.point(mouse.x, mouse.y); dragging = false }
-                    onPositionChanged: (mouse) => {
-                        if (!pressed || dragging)
-                            return
-                        if (Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y) >= Qt.styleHints.startDragDistance) {
-                            dragging = true
-                            inspector.controller.startDrag(inspector.model.currentName)
-                        }
-                    }
+                    controller: inspector.controller
+                    iconName: inspector.model.currentName
                 }
                 ToolTip.visible: previewArea.containsMouse && !previewArea.pressed
                 ToolTip.delay: 600
@@ -213,22 +204,12 @@ Rectangle {
                     size: 18
                     currentColor: Theme.textSecondary
                 }
-                MouseArea {
+                DragArea {
                     id: handleArea
                     anchors.fill: parent
-                    hoverEnabled: true
                     cursorShape: Qt.OpenHandCursor
-                    property point pressPoint
-                    property bool dragging: false
-                    onPressed: (mouse) => { pressPoint = Qt.point(mouse.x, mouse.y); dragging = false }
-                    onPositionChanged: (mouse) => {
-                        if (!pressed || dragging)
-                            return
-                        if (Math.abs(mouse.x - pressPoint.x) + Math.abs(mouse.y - pressPoint.y) >= Qt.styleHints.startDragDistance) {
-                            dragging = true
-                            inspector.controller.startDrag(inspector.model.currentName)
-                        }
-                    }
+                    controller: inspector.controller
+                    iconName: inspector.model.currentName
                 }
                 ToolTip.visible: handleArea.containsMouse && !handleArea.pressed
                 ToolTip.delay: 600

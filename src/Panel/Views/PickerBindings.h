@@ -3,6 +3,7 @@
 #include "Base/ExportFormat.h"
 #include "Picker/PickerModel.h"
 #include "Picker/PickerResultsModel.h"
+#include "PickerTypes.h"
 
 #include <QKeySequence>
 #include <QObject>
@@ -20,7 +21,7 @@ class PickerBindings : public QObject {
     QML_ELEMENT
     Q_PROPERTY(PickerModel* model READ model WRITE setModel NOTIFY modelChanged)
     // The results as a list model with the role `iconName`, for the grid.
-    Q_PROPERTY(QAbstractItemModel* results READ results CONSTANT)
+    Q_PROPERTY(PickerResultsModel* results READ results CONSTANT)
 
     Q_PROPERTY(bool filled READ filled WRITE setFilled NOTIFY styleChanged)
     Q_PROPERTY(QStringList tabTitles READ tabTitles NOTIFY tabsChanged)
@@ -49,6 +50,8 @@ class PickerBindings : public QObject {
     Q_PROPERTY(QString formatLabel READ formatLabel NOTIFY formatsChanged)
     Q_PROPERTY(QString copyButtonTitle READ copyButtonTitle NOTIFY formatsChanged)
 
+    // The grid's columns, the ones the model's keyboard moves count with.
+    Q_PROPERTY(int columns READ columns CONSTANT)
     Q_PROPERTY(QString favoriteKeys READ favoriteKeys CONSTANT)
     Q_PROPERTY(QUrl requestIconUrl READ requestIconUrl CONSTANT)
 
@@ -57,7 +60,7 @@ public:
 
     PickerModel* model() const { return m_model; }
     void setModel(PickerModel* model);
-    QAbstractItemModel* results() { return &m_results; }
+    PickerResultsModel* results() { return &m_results; }
 
     bool filled() const;
     void setFilled(bool filled);
@@ -88,6 +91,7 @@ public:
     QString formatLabel() const;
     QString copyButtonTitle() const;
 
+    static int columns() { return PickerModel::columns; }
     // The primary modifier with D, as the desktop writes shortcuts: "⌘D" on
     // macOS, "Ctrl+D" elsewhere.
     QString favoriteKeys() const { return favoriteKeys(QKeySequence::NativeText); }

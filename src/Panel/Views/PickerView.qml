@@ -7,11 +7,9 @@ import Pictray.Picker
 // (or the empty results), and the footer of key hints.
 Item {
     id: view
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
-    // The item the copy button's frame is reported in (the panel body).
-    required property Item frameReference
+    required property PickerController controller
 
     ColumnLayout {
         anchors.fill: parent
@@ -70,7 +68,6 @@ Item {
                 model: view.model
                 bindings: view.bindings
                 controller: view.controller
-                frameReference: view.frameReference
             }
         }
 

@@ -6,9 +6,10 @@ import Pictray.Picker
 // hangs from it), above or below the 780 x 730 body with the picker.
 Item {
     id: root
-    required property QtObject model
-    required property QtObject popover
-    required property QtObject controller
+    required property PickerModel model
+    required property PopoverState popover
+    required property PickerController controller
+    required property Appearance appearance
 
     readonly property bool hasArrow: popover.arrowX >= 0
     readonly property bool arrowDown: popover.arrowDown
@@ -16,11 +17,10 @@ Item {
     width: 780
     height: hasArrow ? 741 : 730
 
-    // The appearance object is optional so the views also load without it.
     Binding {
         target: Theme
         property: "dark"
-        value: typeof appearance !== "undefined" && appearance !== null && appearance.dark
+        value: root.appearance.dark
     }
 
     PickerBindings {
@@ -46,7 +46,6 @@ Item {
             model: root.model
             bindings: bindings
             controller: root.controller
-            frameReference: body
         }
     }
 

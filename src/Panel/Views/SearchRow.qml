@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Pictray.Kit
 import Pictray.Picker
@@ -8,9 +7,9 @@ import Pictray.Picker
 // the settings button.
 Item {
     id: row
-    required property QtObject model
+    required property PickerModel model
     required property PickerBindings bindings
-    required property QtObject controller
+    required property PickerController controller
 
     implicitHeight: 56
 

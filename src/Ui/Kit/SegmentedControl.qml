@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Pictray.Kit
 
@@ -21,6 +23,7 @@ Rectangle {
         Repeater {
             model: control.segments
             Rectangle {
+                id: segment
                 required property int index
                 required property string modelData
                 readonly property bool current: index === control.currentIndex
@@ -35,18 +38,18 @@ Rectangle {
                 Accessible.checked: current
                 Text {
                     id: label
-                    objectName: control.objectName + "Segment" + index
+                    objectName: control.objectName + "Segment" + segment.index
                     anchors.centerIn: parent
-                    text: modelData
-                    color: current ? Theme.text : Theme.textSecondary
+                    text: segment.modelData
+                    color: segment.current ? Theme.text : Theme.textSecondary
                     font.pixelSize: 12
-                    font.weight: current ? Font.DemiBold : Font.Normal
+                    font.weight: segment.current ? Font.DemiBold : Font.Normal
                 }
                 MouseArea {
                     id: hoverArea
                     anchors.fill: parent
                     hoverEnabled: true
-                    onClicked: control.activated(index)
+                    onClicked: control.activated(segment.index)
                 }
             }
         }
