@@ -51,7 +51,7 @@ Item {
         Label {
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: 6
-            text: about.tagline
+            text: view.about.tagline
             color: colors.text
         }
         Label {
