@@ -12,7 +12,6 @@ QString build();
 // The links the windows show. The hosts are deployment settings.
 QUrl websiteURL();
 QUrl supportURL(); // a mailto: address
-QUrl changelogURL();
 QUrl tablerURL();
 QUrl iconRequestURL();
 

@@ -18,22 +18,6 @@ private slots:
         QVERIFY(de);
     }
 
-    void carbonModifiers_data()
-    {
-        QTest::addColumn<quint64>("modifiers");
-        QTest::addColumn<quint32>("carbon");
-        QTest::newRow("control option") << quint64(0xC0000) << quint32(0x1800);
-        QTest::newRow("all four") << quint64(0x1E0000) << quint32(0x1B00);
-        QTest::newRow("caps lock dropped") << (capsLock | KeyCombo::shiftFlag) << quint32(0x200);
-        QTest::newRow("none") << quint64(0) << quint32(0);
-    }
-    void carbonModifiers()
-    {
-        QFETCH(quint64, modifiers);
-        QFETCH(quint32, carbon);
-        QCOMPARE((KeyCombo{34, modifiers}.carbonModifiers()), carbon);
-    }
-
     void renditions_data()
     {
         QTest::addColumn<quint64>("modifiers");

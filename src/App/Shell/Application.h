@@ -43,10 +43,6 @@ public:
     // Binds both global shortcuts from the settings; a refused one stays off.
     void registerHotKeys();
 
-    Preferences& preferences() { return *m_prefs; }
-    WindowManager& windowManager() { return *m_windows; }
-    StatusItemController& statusItem() { return *m_status; }
-
 private:
     void subscribeToSettings();
 

@@ -1,5 +1,6 @@
 #include "PickerBindings.h"
 
+#include "Base/AppConfig.h"
 #include "Picker/PickerModel.h"
 
 namespace {
@@ -298,7 +299,7 @@ QString PickerBindings::favoriteKeys(QKeySequence::SequenceFormat format)
 
 QUrl PickerBindings::requestIconUrl()
 {
-    return QUrl(QStringLiteral("https://github.com/tabler/tabler-icons/issues"));
+    return AppConfig::iconRequestURL();
 }
 
 void PickerBindings::toggleFavorite()
