@@ -1,10 +1,10 @@
 #include "WindowManager.h"
 
 #include "AboutInfo.h"
+#include "State/Preferences.h"
 #include "Ui/AppPalette.h"
 #include "Ui/GlyphImageProvider.h"
 #include "Ui/Kit/KitQml.h"
-#include "State/Preferences.h"
 
 #include <QApplication>
 #include <QCursor>

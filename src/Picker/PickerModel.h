@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Base/ExportFormat.h"
 #include "Catalog/IconLibrary.h"
 #include "ColorSwatch.h"
-#include "Base/ExportFormat.h"
 #include "Export/IconExport.h"
 #include "PickerTab.h"
 #include "State/Preferences.h"

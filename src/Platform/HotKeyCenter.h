@@ -25,7 +25,6 @@ public:
     explicit HotKeyCenter(std::unique_ptr<HotKeyBackend> backend, QObject* parent = nullptr);
     ~HotKeyCenter() override;
 
-
     // (Re)binds id to a combination and an action; no combination turns the
     // hot key off and returns true. While suspended the combination is only
     // stored. Otherwise returns whether the system accepted it; on refusal the

@@ -1,9 +1,9 @@
+#include "AppWindows/AboutInfo.h"
+#include "AppWindows/WindowManager.h"
 #include "Catalog/IconLibrary.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 #include "TestData.h"
-#include "AppWindows/AboutInfo.h"
-#include "AppWindows/WindowManager.h"
 
 #include <QApplication>
 #include <QQuickItem>

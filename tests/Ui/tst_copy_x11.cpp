@@ -2,12 +2,12 @@
 #include "Catalog/PackageConverter.h"
 #include "Export/CopyService.h"
 #include "Export/SnippetBuilder.h"
+#include "Platform/X11/X11Paster.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 #include "State/UserLibrary.h"
 #include "Ui/HUD.h"
 #include "Ui/QtClipboard.h"
-#include "Platform/X11/X11Paster.h"
 
 #include <QDeadlineTimer>
 #include <QGuiApplication>

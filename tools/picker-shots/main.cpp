@@ -5,8 +5,8 @@
 // scroll of the full grid take (run with QT_QUICK_BACKEND=software).
 #include "Catalog/IconLibrary.h"
 #include "Panel/PopoverState.h"
-#include "Picker/PickerModel.h"
 #include "Panel/Views/PictrayQml.h"
+#include "Picker/PickerModel.h"
 #include "QuickItems.h"
 #include "State/SettingsStore.h"
 #include "Ui/Kit/Appearance.h"

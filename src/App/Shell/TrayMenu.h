@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Base/KeyCombo.h"
 #include "Base/ExportFormat.h"
+#include "Base/KeyCombo.h"
 #include "State/UserLibrary.h"
 
 #include <QKeySequence>

@@ -16,6 +16,7 @@ std::unique_ptr<KeyboardLayout> fromX11Server(xcb_connection_t* connection);
 // system's), for sessions whose compositor does not share its own.
 std::unique_ptr<KeyboardLayout> fromEnvironment();
 // A named xkb layout such as "us" or "de"; null when it does not compile.
-std::unique_ptr<KeyboardLayout> fromNames(const QString& layout, const QString& variant = QString());
+std::unique_ptr<KeyboardLayout> fromNames(const QString& layout,
+                                          const QString& variant = QString());
 
 } // namespace XkbKeyboardLayout
