@@ -40,11 +40,6 @@ QUrl supportURL()
     return QUrl(QStringLiteral("mailto:support@pictray.app"));
 }
 
-QUrl changelogURL()
-{
-    return QUrl(QStringLiteral("https://pictray.app/changelog"));
-}
-
 QUrl tablerURL()
 {
     return QUrl(QStringLiteral("https://tabler.io/icons"));

@@ -16,7 +16,6 @@ QString applicationId();
 // The links the windows show. The hosts are deployment settings.
 QUrl websiteURL();
 QUrl supportURL(); // a mailto: address
-QUrl changelogURL();
 QUrl tablerURL();
 QUrl iconRequestURL();
 

@@ -28,32 +28,6 @@ QString label(ExportFormat format, ReactLanguage language)
     return {};
 }
 
-QString shortLabel(ExportFormat format, ReactLanguage language)
-{
-    switch (format) {
-    case ExportFormat::svg:
-        return QStringLiteral("SVG");
-    case ExportFormat::jsx:
-        return language == ReactLanguage::tsx ? QStringLiteral("TSX") : QStringLiteral("JSX");
-    case ExportFormat::vue:
-        return QStringLiteral("Vue");
-    case ExportFormat::blade:
-        return QStringLiteral("Blade");
-    case ExportFormat::tailwind:
-        return QStringLiteral("Tailwind");
-    case ExportFormat::dataURI:
-        return QStringLiteral("Data URI");
-    // The 1x short name carries no scale on purpose.
-    case ExportFormat::png1:
-        return QStringLiteral("PNG");
-    case ExportFormat::png2:
-        return QStringLiteral("PNG @2x");
-    case ExportFormat::png3:
-        return QStringLiteral("PNG @3x");
-    }
-    return {};
-}
-
 std::optional<int> pngScale(ExportFormat format)
 {
     switch (format) {

@@ -37,7 +37,6 @@ namespace Formats {
 // The jsx case names itself after the React language in use, so a stored
 // default format survives a change of language.
 QString label(ExportFormat format, ReactLanguage language);
-QString shortLabel(ExportFormat format, ReactLanguage language);
 
 // 1, 2 or 3 for the image formats; nullopt for the text formats.
 std::optional<int> pngScale(ExportFormat format);

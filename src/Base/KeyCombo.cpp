@@ -59,20 +59,6 @@ std::optional<quint64> wholeNumber(const QJsonValue& value, double limit)
 
 } // namespace
 
-quint32 KeyCombo::carbonModifiers() const
-{
-    quint32 carbon = 0;
-    if (modifiers & commandFlag)
-        carbon |= 0x100;
-    if (modifiers & shiftFlag)
-        carbon |= 0x200;
-    if (modifiers & optionFlag)
-        carbon |= 0x800;
-    if (modifiers & controlFlag)
-        carbon |= 0x1000;
-    return carbon;
-}
-
 QStringList KeyCombo::keyCaps(Rendition rendition) const
 {
     return keyCaps(rendition, KeyboardLayout::current().get());

@@ -35,9 +35,6 @@ public:
     quint32 keyCode = 0;
     quint64 modifiers = 0;
 
-    // Command 0x100, Shift 0x200, Option 0x800, Control 0x1000; other bits dropped.
-    quint32 carbonModifiers() const;
-
     // One cap per held modifier (Control, Option, Shift, Command), then the key.
     QStringList keyCaps(Rendition rendition = hostRendition()) const;
     QStringList keyCaps(Rendition rendition, const KeyboardLayout* layout) const;

@@ -14,9 +14,18 @@
 
 namespace {
 
-QString favoritesKey() { return QStringLiteral("favorites"); }
-QString recentsKey() { return QStringLiteral("recents"); }
-QString lastCopyKey() { return QStringLiteral("lastCopy"); }
+QString favoritesKey()
+{
+    return QStringLiteral("favorites");
+}
+QString recentsKey()
+{
+    return QStringLiteral("recents");
+}
+QString lastCopyKey()
+{
+    return QStringLiteral("lastCopy");
+}
 
 template <typename E> std::optional<E> enumValue(const QJsonValue& value)
 {

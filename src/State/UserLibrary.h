@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Catalog/Icon.h"
 #include "Base/ExportFormat.h"
+#include "Catalog/Icon.h"
 
 #include <QByteArray>
 #include <QObject>

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <latch>
 #include <thread>
 
 using PackageConverter::OutEntry;
@@ -250,8 +251,11 @@ private slots:
 
         std::vector<std::thread> threads;
         std::atomic<int> mismatches{0};
+        // All start together, so the first lookups race for the empty cache.
+        std::latch start(4);
         for (int t = 0; t < 4; ++t) {
             threads.emplace_back([&] {
+                start.arrive_and_wait();
                 for (int i = 0; i < 200; ++i) {
                     const auto outline = library.iconPath(a, IconStyle::outline);
                     const auto filled = library.iconPath(a, IconStyle::filled);

@@ -1,7 +1,7 @@
+#include "Base/VirtualKeys.h"
 #include "Platform/HotKeyCenter.h"
 #include "Platform/PlatformBackends.h"
 #include "Platform/X11/X11HotKeyBackend.h"
-#include "Base/VirtualKeys.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
@@ -132,7 +132,8 @@ private slots:
             QSKIP("needs an X server (DISPLAY) and the xcb platform");
         if (QStandardPaths::findExecutable(u"xdotool"_qs).isEmpty())
             QSKIP("needs xdotool");
-        QVERIFY(dynamic_cast<X11HotKeyBackend*>(PlatformBackends::forPlatform(u"xcb"_qs).hotKeys.get()));
+        QVERIFY(dynamic_cast<X11HotKeyBackend*>(
+            PlatformBackends::forPlatform(u"xcb"_qs).hotKeys.get()));
     }
 
     void init()

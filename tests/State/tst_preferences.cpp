@@ -71,6 +71,24 @@ private slots:
         QVERIFY(store->userKeys().isEmpty());
     }
 
+    // Views bind to the properties by name and wait for their signals, so each
+    // key must be a property whose setter notifies and writes under that key.
+    void everyKeyIsANotifyingProperty()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        const QMetaObject* meta = preferences.metaObject();
+        for (const QString& key : Preferences::keys()) {
+            const QMetaProperty property =
+                meta->property(meta->indexOfProperty(key.toLatin1().constData()));
+            QVERIFY2(property.isWritable() && property.hasNotifySignal(), qPrintable(key));
+            QSignalSpy spy(&preferences, property.notifySignal());
+            QVERIFY(property.write(&preferences, property.read(&preferences)));
+            QCOMPARE(spy.count(), 1);
+            QVERIFY2(store->contains(key), qPrintable(key));
+        }
+    }
+
     void unknownStoredStringsFallBack_data()
     {
         QTest::addColumn<QString>("key");

@@ -31,7 +31,6 @@ public:
     // Takes the lock if not yet taken and listens; false when either fails.
     // A socket left behind by a crashed instance is removed first.
     bool listen(Handler handler);
-    bool isListening() const { return m_server.isListening(); }
     QString serverName() const { return m_serverName; }
 
     enum class SendResult { answered, notRunning, noAnswer };

@@ -25,7 +25,6 @@ public:
     QStringList icons() const { return m_names; }
     // The cell of the index-th icon, in the row's coordinates.
     QRect cellRect(int index) const;
-    int hovered() const { return m_hovered; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

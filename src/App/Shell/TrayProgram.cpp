@@ -1,9 +1,9 @@
 #include "TrayProgram.h"
 
-#include "Application.h"
 #include "App/Instance/SingleInstance.h"
-#include "StartupTrace.h"
 #include "AppWindows/WindowManager.h"
+#include "Application.h"
+#include "StartupTrace.h"
 
 #include <QApplication>
 #include <QQuickWindow>

@@ -14,8 +14,6 @@ public:
     ~UpdateChecker() override;
 
     void checkForUpdates();
-    // The answer window while it is open.
-    QMessageBox* dialog() const { return m_dialog.data(); }
 
 private:
     QPointer<QMessageBox> m_dialog;

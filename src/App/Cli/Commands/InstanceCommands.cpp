@@ -1,5 +1,5 @@
-#include "Commands.h"
 #include "App/Instance/SingleInstance.h"
+#include "Commands.h"
 
 #include <QCommandLineParser>
 
