@@ -179,8 +179,14 @@ panel_window() { # the visible Pictray window as large as the panel
     done
     return 1
 }
-xdotool key ctrl+alt+i
-check "the shortcut opens the panel" wait_for 5 panel_window
+# Typing goes to the panel only once it has the keyboard, which a busy
+# machine gives it some frames after it shows.
+panel_has_keyboard() { [ "$(xdotool getwindowfocus)" = "$(panel_window)" ]; }
+open_panel() {
+    xdotool key ctrl+alt+i
+    wait_for 5 panel_window && wait_for 5 panel_has_keyboard
+}
+check "the shortcut opens the panel" open_panel
 panel=$(panel_window)
 geometry "$panel"
 echo "panel at $X,$Y size ${WIDTH}x$HEIGHT"
@@ -193,8 +199,7 @@ xdotool key Return
 wait_for 5 bash -c "[ \"\$(xclip -selection clipboard -o)\" != cleared ]"
 check "Return copies the first result" test "$(clipboard)" == "$expected"
 
-xdotool key ctrl+alt+i
-wait_for 5 panel_window
+open_panel
 xdotool type --delay 40 "zzz"
 xdotool key Escape
 check "the first Escape clears the search, the panel stays" wait_for 0 panel_window
@@ -202,8 +207,7 @@ xdotool key Escape
 check "the second Escape closes the panel" wait_for 5 bash -c "! xwininfo -id $panel | grep -q IsViewable"
 
 # (The running program keeps its own favorites: edit them only through it.)
-xdotool key ctrl+alt+i
-wait_for 5 panel_window
+open_panel
 xdotool type --delay 40 "arrow right"
 xdotool key ctrl+d Escape Escape
 check "Ctrl+D makes the selection a favorite" \
