@@ -29,6 +29,9 @@ private slots:
                                  << QStringList{u"Ctrl"_qs, u"Alt"_qs, u"Shift"_qs, u"Super"_qs,
                                                 u"I"_qs}
                                  << u"Control Alt Shift Super I"_qs;
+        QTest::newRow("mac, all") << all << KeyCombo::Rendition::mac
+                                  << QStringList{u"⌃"_qs, u"⌥"_qs, u"⇧"_qs, u"⌘"_qs, u"I"_qs}
+                                  << u"Control Option Shift Command I"_qs;
         QTest::newRow("pc, command only") << KeyCombo::commandFlag << KeyCombo::Rendition::pc
                                           << QStringList{u"Super"_qs, u"I"_qs} << u"Super I"_qs;
     }
