@@ -198,7 +198,7 @@ private slots:
                                text(u"footerTrailing"_qs)};
         };
         QCOMPARE(hints(), (QStringList{u"\u21B5"_qs, u"Copy"_qs, u"Ctrl+D"_qs, u"Favorite"_qs,
-                                       u"Drag any icon into Figma, Keynote or Slack"_qs}));
+                                       u"Drag any icon into Figma, Inkscape or Slack"_qs}));
         f->model->setQuery(u"arrow"_qs);
         settle();
         QCOMPARE(hints(), (QStringList{u"esc"_qs, u"Clear"_qs, u"esc esc"_qs, u"Close panel"_qs,

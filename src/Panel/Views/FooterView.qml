@@ -47,7 +47,7 @@ Item {
         Text {
             objectName: "footerTrailing"
             text: footer.model.isSearching ? footer.bindings.iconCountLine
-                                           : "Drag any icon into Figma, Keynote or Slack"
+                                           : footer.bindings.dragAnyHint
             color: Theme.textTertiary
             font.pixelSize: 12
         }

@@ -213,7 +213,7 @@ Rectangle {
                 }
                 ToolTip.visible: handleArea.containsMouse && !handleArea.pressed
                 ToolTip.delay: 600
-                ToolTip.text: "Drag into Figma, Keynote or Slack"
+                ToolTip.text: inspector.bindings.dragHint
             }
 
             Rectangle {

@@ -1,6 +1,7 @@
 #include "PickerBindings.h"
 
 #include "Base/AppConfig.h"
+#include "Base/PlatformWords.h"
 #include "Picker/PickerModel.h"
 
 namespace {
@@ -295,6 +296,16 @@ QString PickerBindings::copyButtonTitle() const
 QString PickerBindings::favoriteKeys(QKeySequence::SequenceFormat format)
 {
     return QKeySequence(Qt::CTRL | Qt::Key_D).toString(format);
+}
+
+QString PickerBindings::dragHint()
+{
+    return PlatformWords::text(PlatformWords::Text::dragInto, hostRendition());
+}
+
+QString PickerBindings::dragAnyHint()
+{
+    return PlatformWords::text(PlatformWords::Text::dragAnyInto, hostRendition());
 }
 
 QUrl PickerBindings::requestIconUrl()

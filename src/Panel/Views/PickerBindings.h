@@ -54,6 +54,9 @@ class PickerBindings : public QObject {
     Q_PROPERTY(int columns READ columns CONSTANT)
     Q_PROPERTY(QString favoriteKeys READ favoriteKeys CONSTANT)
     Q_PROPERTY(QUrl requestIconUrl READ requestIconUrl CONSTANT)
+    // The drag hints, naming applications of this desktop.
+    Q_PROPERTY(QString dragHint READ dragHint CONSTANT)
+    Q_PROPERTY(QString dragAnyHint READ dragAnyHint CONSTANT)
 
 public:
     explicit PickerBindings(QObject* parent = nullptr);
@@ -97,6 +100,8 @@ public:
     QString favoriteKeys() const { return favoriteKeys(QKeySequence::NativeText); }
     static QString favoriteKeys(QKeySequence::SequenceFormat format);
     static QUrl requestIconUrl();
+    static QString dragHint();
+    static QString dragAnyHint();
 
     Q_INVOKABLE void toggleFavorite();
     // The tooltip of a grid cell.
