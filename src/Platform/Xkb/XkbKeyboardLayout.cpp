@@ -86,7 +86,7 @@ public:
         if (group == XKB_LAYOUT_INVALID)
             return QString();
         const xkb_keysym_t unshifted = symAt(*keycode, group, 0);
-        if (const QString text = symbolText(unshifted); !text.isEmpty() || !isKeypad(unshifted))
+        if (QString text = symbolText(unshifted); !text.isEmpty() || !isKeypad(unshifted))
             return text;
         // A keypad key's first level moves the cursor (KP_End); its cap shows
         // what it types with NumLock on, found on a later level.
@@ -94,7 +94,7 @@ public:
             xkb_keymap_num_levels_for_key(m_keymap.get(), *keycode, group);
         for (xkb_level_index_t level = 1; level < levels; ++level) {
             const xkb_keysym_t sym = symAt(*keycode, group, level);
-            if (const QString text = symbolText(sym); isKeypad(sym) && !text.isEmpty())
+            if (QString text = symbolText(sym); isKeypad(sym) && !text.isEmpty())
                 return text;
         }
         return QString();
