@@ -182,9 +182,14 @@ panel_window() { # the visible Pictray window as large as the panel
 # Typing goes to the panel only once it has the keyboard, which a busy
 # machine gives it some frames after it shows.
 panel_has_keyboard() { [ "$(xdotool getwindowfocus)" = "$(panel_window)" ]; }
+no_panel() { ! panel_window; }
+# The shortcut toggles: a panel still closing after a copy would be closed
+# again instead of opened, so wait for it to go first.
 open_panel() {
+    wait_for 5 no_panel
     xdotool key ctrl+alt+i
-    wait_for 5 panel_window && wait_for 5 panel_has_keyboard
+    wait_for 5 panel_window || return 1
+    wait_for 5 panel_has_keyboard || true # a gate for typing, not a check
 }
 check "the shortcut opens the panel" open_panel
 panel=$(panel_window)
