@@ -231,6 +231,8 @@ bool PickerModel::isSearching() const
 
 Icon PickerModel::current() const
 {
+    if (m_results.isEmpty())
+        return {}; // a selection kept for when results return is not shown
     if (!m_selectedID.isEmpty()) {
         Icon selected = m_library.icon(m_selectedID);
         if (!selected.isNull())

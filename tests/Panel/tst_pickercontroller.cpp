@@ -212,15 +212,21 @@ private slots:
             menu->hide();
     }
 
-    void nothingToCopyBeeps()
+    // With no results shown, the selection kept for their return is not an
+    // icon the keys may act on.
+    void nothingShownBeeps()
     {
+        f->prefs.setAfterCopy(AfterCopy::close);
         controller->show();
-        f->model->setSelectedID({});
-        f->model->setTab(PickerTab::favorites()); // none yet: no icon at all
+        f->model->setSelectedID(f->model->resultNames().at(3));
+        f->model->setQuery(u"zzzz"_qs);
         bool consumed = false;
-        QCOMPARE(effectOf(press(Qt::Key_Return), consumed), u"beep"_qs);
-        QCOMPARE(effectOf(press(Qt::Key_Return, Qt::ControlModifier), consumed), u"beep"_qs);
-        QCOMPARE(effectOf(press(Qt::Key_2, Qt::ControlModifier), consumed), u"beep"_qs);
+        for (const auto& [key, modifiers] :
+             {std::pair{Qt::Key_Return, Qt::NoModifier}, {Qt::Key_Return, Qt::ControlModifier},
+              {Qt::Key_2, Qt::ControlModifier}, {Qt::Key_D, Qt::ControlModifier},
+              {Qt::Key_1, Qt::AltModifier}})
+            QCOMPARE(effectOf(press(key, modifiers), consumed), u"beep"_qs);
+        QVERIFY(!f->user->lastCopy());
     }
 
     void escapeClearsThenCloses_data()

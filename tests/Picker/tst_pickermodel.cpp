@@ -247,8 +247,8 @@ private slots:
         QTest::newRow("one") << outline << "gear" << "" << "1 result" << true;
         QTest::newRow("several") << filled << "arrow" << "" << "2 results" << false;
         QTest::newRow("filled, no filled form") << filled << "" << "calendar" << "" << true;
-        // No results keep the selection, and so the current icon.
-        QTest::newRow("none") << filled << "zzzz" << "" << "0 results" << false;
+        // No results: the selection stays for their return, but nothing is current.
+        QTest::newRow("none") << filled << "zzzz" << "" << "0 results" << true;
         // clang-format on
     }
     void computedProperties()
