@@ -48,6 +48,20 @@ class TestPickerViews : public QObject {
         window->grabWindow();
         QCoreApplication::processEvents();
     }
+    // The text of the tooltip on screen, if one is.
+    QQuickItem* visibleToolTip() const
+    {
+        const QQuickItem* overlay = findChild(window->contentItem(), "QQuickOverlay");
+        const QQuickItem* popup = overlay ? findChild(overlay, "QQuickPopupItem") : nullptr;
+        return popup && popup->isVisible() ? findChild(popup, "QQuickText") : nullptr;
+    }
+    static QQuickItem* findChild(const QQuickItem* parent, const char* className)
+    {
+        const QList<QQuickItem*> children = parent->childItems();
+        const auto found = std::find_if(children.cbegin(), children.cend(),
+                                        [&](const QQuickItem* c) { return c->inherits(className); });
+        return found == children.cend() ? nullptr : *found;
+    }
     PickerTab categoryWithoutFilled() const
     {
         for (const QString& category : f->library->categories()) {
@@ -332,6 +346,22 @@ private slots:
         QTest::mouseDClick(window.get(), Qt::LeftButton, {}, at);
         QCOMPARE(f->model->selectedID(), second);
         QCOMPARE(f->targets.messages, 1);
+    }
+
+    // The name under the pointer, whole, in a tooltip the size of its text.
+    void hoveredCellShowsItsName()
+    {
+        f->model->setQuery(u"device ipad horizontal"_qs);
+        settle();
+        const QString name = f->model->resultNames().constLast();
+        QQuickItem* cell = item(u"cell_"_qs + name);
+        QVERIFY(cell);
+        QTest::mouseMove(window.get(), cell->mapToScene(QPointF(10, 10)).toPoint());
+        QQuickItem* tip = nullptr;
+        QTRY_VERIFY((tip = visibleToolTip()));
+        QVERIFY2(tip->property("text").toString().startsWith(name + u'\n'),
+                 qPrintable(tip->property("text").toString()));
+        QVERIFY(tip->width() > 100);
     }
 
     // The model's Down is one row of the grid: the cell straight below.

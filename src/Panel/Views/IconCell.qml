@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Pictray.Kit
 import Pictray.Picker
 
@@ -47,8 +46,5 @@ Rectangle {
             cell.pickerModel.copy()
         }
     }
-
-    ToolTip.visible: hovering && !area.pressed
-    ToolTip.delay: 800
-    ToolTip.text: hovering ? bindings.cellHelp(iconName) : ""
+    readonly property bool pressed: area.pressed
 }

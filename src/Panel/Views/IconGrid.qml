@@ -13,6 +13,8 @@ Item {
     required property PickerController controller
 
     readonly property int spacing: 4
+    // One tooltip for the whole grid, moved to the cell under the pointer.
+    property IconCell hoveredCell: null
 
     GridView {
         id: view
@@ -35,11 +37,25 @@ Item {
         ScrollBar.vertical: ScrollBar { policy: ScrollBar.AsNeeded }
 
         delegate: IconCell {
+            id: cell
             width: view.cellWidth - grid.spacing
+            onHoveringChanged: {
+                if (hovering)
+                    grid.hoveredCell = cell
+                else if (grid.hoveredCell === cell)
+                    grid.hoveredCell = null
+            }
             pickerModel: grid.model
             bindings: grid.bindings
             controller: grid.controller
         }
+    }
+
+    HoverTip {
+        parent: grid.hoveredCell ?? grid
+        visible: grid.hoveredCell !== null && !grid.hoveredCell.pressed
+        delay: 800
+        text: grid.hoveredCell ? grid.bindings.cellHelp(grid.hoveredCell.iconName) : ""
     }
 
     Text {

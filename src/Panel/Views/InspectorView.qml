@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Pictray.Kit
 import Pictray.Picker
@@ -39,13 +38,22 @@ Rectangle {
                 Layout.fillWidth: true
                 spacing: 2
                 Text {
+                    id: nameText
                     objectName: "inspectorName"
                     Layout.fillWidth: true
                     text: inspector.model.currentName
                     color: Theme.text
                     font.pixelSize: 15
                     font.weight: Font.DemiBold
-                    elide: Text.ElideRight
+                    // Long names differ at their ends ("…-horizontal-x").
+                    elide: Text.ElideMiddle
+                    HoverHandler {
+                        id: nameHover
+                    }
+                    HoverTip {
+                        visible: nameHover.hovered && nameText.truncated
+                        text: nameText.text
+                    }
                 }
                 Text {
                     objectName: "inspectorTags"
@@ -106,9 +114,10 @@ Rectangle {
                     controller: inspector.controller
                     iconName: inspector.model.currentName
                 }
-                ToolTip.visible: previewArea.containsMouse && !previewArea.pressed
-                ToolTip.delay: 600
-                ToolTip.text: "Preview, drag to another app"
+                HoverTip {
+                    visible: previewArea.containsMouse && !previewArea.pressed
+                    text: "Preview, drag to another app"
+                }
             }
         }
 
@@ -211,9 +220,10 @@ Rectangle {
                     controller: inspector.controller
                     iconName: inspector.model.currentName
                 }
-                ToolTip.visible: handleArea.containsMouse && !handleArea.pressed
-                ToolTip.delay: 600
-                ToolTip.text: inspector.bindings.dragHint
+                HoverTip {
+                    visible: handleArea.containsMouse && !handleArea.pressed
+                    text: inspector.bindings.dragHint
+                }
             }
 
             Rectangle {

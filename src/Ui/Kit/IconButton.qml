@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import Pictray.Kit
 
 // A borderless button showing one catalogue icon.
@@ -35,7 +34,8 @@ Rectangle {
         hoverEnabled: true
         onClicked: button.clicked()
     }
-    ToolTip.visible: toolTip.length > 0 && area.containsMouse
-    ToolTip.delay: 600
-    ToolTip.text: toolTip
+    HoverTip {
+        visible: button.toolTip.length > 0 && area.containsMouse
+        text: button.toolTip
+    }
 }

@@ -1,6 +1,5 @@
 import QtQuick
 import Pictray.Kit
-import QtQuick.Controls.Basic
 
 // One colour sample; "currentColor" shows as half text colour, half body.
 Item {
@@ -47,7 +46,8 @@ Item {
         hoverEnabled: true
         onClicked: swatch.clicked()
     }
-    ToolTip.visible: area.containsMouse
-    ToolTip.delay: 600
-    ToolTip.text: label
+    HoverTip {
+        visible: area.containsMouse
+        text: swatch.label
+    }
 }
