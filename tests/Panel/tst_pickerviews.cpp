@@ -58,8 +58,9 @@ class TestPickerViews : public QObject {
     static QQuickItem* findChild(const QQuickItem* parent, const char* className)
     {
         const QList<QQuickItem*> children = parent->childItems();
-        const auto found = std::find_if(children.cbegin(), children.cend(),
-                                        [&](const QQuickItem* c) { return c->inherits(className); });
+        const auto found =
+            std::find_if(children.cbegin(), children.cend(),
+                         [&](const QQuickItem* c) { return c->inherits(className); });
         return found == children.cend() ? nullptr : *found;
     }
     PickerTab categoryWithoutFilled() const
