@@ -221,10 +221,11 @@ private slots:
         f->model->setSelectedID(f->model->resultNames().at(3));
         f->model->setQuery(u"zzzz"_qs);
         bool consumed = false;
-        for (const auto& [key, modifiers] :
-             {std::pair{Qt::Key_Return, Qt::NoModifier}, {Qt::Key_Return, Qt::ControlModifier},
-              {Qt::Key_2, Qt::ControlModifier}, {Qt::Key_D, Qt::ControlModifier},
-              {Qt::Key_1, Qt::AltModifier}})
+        for (const auto& [key, modifiers] : {std::pair{Qt::Key_Return, Qt::NoModifier},
+                                             {Qt::Key_Return, Qt::ControlModifier},
+                                             {Qt::Key_2, Qt::ControlModifier},
+                                             {Qt::Key_D, Qt::ControlModifier},
+                                             {Qt::Key_1, Qt::AltModifier}})
             QCOMPARE(effectOf(press(key, modifiers), consumed), u"beep"_qs);
         QVERIFY(!f->user->lastCopy());
     }
