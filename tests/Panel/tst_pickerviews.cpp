@@ -379,6 +379,31 @@ private slots:
         QCOMPARE(below->y(), above->y() + above->height() + 4);
     }
 
+    // Opening on "heart", mid-catalogue, or stepping a row at a time: the
+    // grid's top edge never cuts a row.
+    void gridShowsWholeRows()
+    {
+        QQuickItem* grid = item(u"iconGrid"_qs);
+        auto* cells = grid->property("contentItem").value<QQuickItem*>();
+        QVERIFY(cells);
+        const auto cutRows = [&] {
+            settle();
+            int cut = 0;
+            for (QQuickItem* cell : cells->childItems()) {
+                const QRectF at = cell->mapRectToItem(grid, cell->boundingRect());
+                cut += cell->isVisible() && at.top() < 0 && at.bottom() > 0;
+            }
+            return cut;
+        };
+        f->model->prepareForShow();
+        QVERIFY(f->model->selectedIndex() > 200);
+        QCOMPARE(cutRows(), 0);
+        for (const int rows : {1, 1, -12, 5}) {
+            f->model->move(0, rows);
+            QCOMPARE(cutRows(), 0);
+        }
+    }
+
     void gridScrollsToTheSelectionAndDrawsItsGlyph()
     {
         f->model->setColor(u"#DC2626"_qs);

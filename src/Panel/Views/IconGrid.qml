@@ -88,10 +88,26 @@ Item {
         onTriggered: grid.scrollToSelection()
     }
 
+    // Brings the selection's row into view with as little movement as
+    // possible, stopping on a row boundary so no row shows cut in half.
     function scrollToSelection() {
-        if (grid.model.selectedIndex < 0)
+        if (grid.model.selectedIndex < 0) {
             view.positionViewAtBeginning()
-        else
-            view.positionViewAtIndex(grid.model.selectedIndex, GridView.Contain)
+            return
+        }
+        const rowHeight = view.cellHeight
+        const row = Math.floor(grid.model.selectedIndex / grid.bindings.columns)
+        const wholeRows = Math.max(1, Math.floor((view.height - view.topMargin - view.bottomMargin) / rowHeight))
+        let first = Math.round((view.contentY - view.originY + view.topMargin) / rowHeight)
+        if (row < first)
+            first = row
+        else if (row >= first + wholeRows)
+            first = row - wholeRows + 1
+        const lowest = view.originY - view.topMargin
+        const highest = Math.max(lowest, view.originY + view.contentHeight + view.bottomMargin - view.height)
+        // Below the first row, the gap above is the spacing only: the full
+        // margin would let the bottom of the row above show through.
+        const above = first > 0 ? grid.spacing : view.topMargin
+        view.contentY = Math.min(highest, Math.max(lowest, view.originY + first * rowHeight - above))
     }
 }
