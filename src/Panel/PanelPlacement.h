@@ -17,6 +17,10 @@ inline constexpr int bodyHeight = 730;
 inline constexpr int arrowHeight = 11;
 inline constexpr int arrowWidth = 22;
 inline constexpr int heightWithArrow = bodyHeight + arrowHeight;
+// One row of the icon grid (its cells and their spacing). On a short screen
+// the body gives up whole rows, down to two fewer, to fit.
+inline constexpr int gridRowHeight = 62;
+inline constexpr int minBodyHeight = bodyHeight - 2 * gridRowHeight;
 // Distance kept from the sides of the free screen area, and from its edge
 // on the tray's side (where the panel hangs from the tray).
 inline constexpr int sideMargin = 8;
@@ -38,6 +42,8 @@ struct Placement {
     std::optional<double> arrowX;
     // The panel hangs above a tray at the bottom, its arrow pointing down.
     bool arrowDown = false;
+
+    int bodyHeight() const { return frame.height() - (arrowX ? arrowHeight : 0); }
 
     friend bool operator==(const Placement&, const Placement&) = default;
 };

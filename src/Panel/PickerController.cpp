@@ -134,6 +134,7 @@ void PickerController::place()
                               cursor, m_trayIcon ? m_trayIcon() : QRect(), m_session);
     m_popover.setArrowX(placement.arrowX.value_or(-1));
     m_popover.setArrowDown(placement.arrowDown);
+    m_popover.setBodyHeight(placement.bodyHeight());
     if (!m_session.placesWindows) {
         // One fixed size makes tiling compositors float the panel.
         m_panel->setMinimumSize(placement.frame.size());

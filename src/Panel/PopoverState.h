@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PanelPlacement.h"
+
 #include <QObject>
 
 // Where the panel's arrow is drawn: its tip's distance from the panel's left
@@ -10,6 +12,7 @@ class PopoverState : public QObject {
     Q_PROPERTY(double arrowX READ arrowX WRITE setArrowX NOTIFY arrowXChanged)
     Q_PROPERTY(bool hasArrow READ hasArrow NOTIFY arrowXChanged)
     Q_PROPERTY(bool arrowDown READ arrowDown WRITE setArrowDown NOTIFY arrowDownChanged)
+    Q_PROPERTY(int bodyHeight READ bodyHeight WRITE setBodyHeight NOTIFY bodyHeightChanged)
 
 public:
     using QObject::QObject;
@@ -17,6 +20,8 @@ public:
     double arrowX() const { return m_arrowX; }
     bool hasArrow() const { return m_arrowX >= 0; }
     bool arrowDown() const { return m_arrowDown; }
+    // Shorter than the full body on a short screen (fewer grid rows).
+    int bodyHeight() const { return m_bodyHeight; }
 
     void setArrowX(double x)
     {
@@ -33,11 +38,21 @@ public:
         emit arrowDownChanged();
     }
 
+    void setBodyHeight(int height)
+    {
+        if (height == m_bodyHeight)
+            return;
+        m_bodyHeight = height;
+        emit bodyHeightChanged();
+    }
+
 signals:
     void arrowXChanged();
     void arrowDownChanged();
+    void bodyHeightChanged();
 
 private:
     double m_arrowX = -1;
     bool m_arrowDown = false;
+    int m_bodyHeight = PanelPlacement::bodyHeight;
 };

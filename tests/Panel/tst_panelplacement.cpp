@@ -41,9 +41,10 @@ private slots:
         // Under the tray icon: x and y by the icon, the arrow pointing at it.
         row("icon in a top bar", under, topBar, anywhere, {1000, 0, 24, 24}, {622, 28, 780, 741},
             390);
+        // Near an edge the panel gives up its margin for the arrow.
         row("icon at the right edge", under, topBar, anywhere, {1880, 0, 24, 24},
-            {1132, 28, 780, 741}, 751);
-        row("icon at the left edge", under, topBar, anywhere, {0, 0, 24, 24}, {8, 28, 780, 741},
+            {1140, 28, 780, 741}, 751);
+        row("icon at the left edge", under, topBar, anywhere, {0, 0, 24, 24}, {0, 28, 780, 741},
             29);
         row("tray reserving no space", under, whole, anywhere, {1000, 0, 24, 30},
             {622, 34, 780, 741}, 390);
@@ -52,8 +53,14 @@ private slots:
             {1122, 295, 780, 741}, 390, true);
         row("bottom tray reserving no space", under, whole, anywhere, {1500, 1048, 24, 24},
             {1122, 303, 780, 741}, 390, true);
-        row("bottom tray, short screen: tray edge wins", under, shortScreen, anywhere,
-            {700, 590, 20, 20}, {320, -145, 780, 741}, 390, true);
+        // A short screen takes whole grid rows off the body, at most two,
+        // so the panel fits between the tray and the far edge.
+        row("1280x720, top tray", under, QRect(0, 28, 1280, 692), anywhere, {1200, 2, 24, 24},
+            {492, 32, 780, 679}, 720);
+        row("1280x720, bottom tray", under, QRect(0, 0, 1280, 680), anywhere, {1200, 688, 24, 24},
+            {492, 59, 780, 617}, 720, true);
+        row("bottom tray, shorter still: tray edge wins", under, shortScreen, anywhere,
+            {700, 590, 20, 20}, {320, -21, 780, 617}, 390, true);
         // Centred, 8 % above the middle; at the pointer, 12 below it.
         row("centred", centred, topBar, anywhere, {1000, 0, 24, 24}, {570, 103, 780, 730});
         row("centred left of the primary", centred, QRect(-1920, 0, 1920, 1080), anywhere, {},
@@ -65,7 +72,7 @@ private slots:
         row("narrow screen: right margin wins", mouse, QRect(0, 0, 700, 900), {350, 100}, {},
             {-88, 112, 780, 730});
         row("short screen: top margin wins", mouse, shortScreen, {700, 100}, {},
-            {310, 4, 780, 730});
+            {310, 4, 780, 606});
         // Where the compositor places windows, every setting opens the
         // centred panel, and a tray that cannot tell is not believed.
         const auto compositor = WindowingSession::compositorPlaced();

@@ -1,4 +1,5 @@
 #include "Panel/FormatMenu.h"
+#include "Panel/PanelPlacement.h"
 #include "Panel/PickerController.h"
 #include "Panel/PopoverState.h"
 #include "Panel/Views/PickerBindings.h"
@@ -402,6 +403,24 @@ private slots:
             f->model->move(0, rows);
             QCOMPARE(cutRows(), 0);
         }
+    }
+
+    // The shortest body a short screen gets still holds the whole inspector
+    // above the footer: only the grid and the preview give up height.
+    void shortBodyKeepsEveryControl()
+    {
+        popover.setBodyHeight(PanelPlacement::minBodyHeight);
+        settle();
+        const auto sceneRect = [&](const QString& name) {
+            QQuickItem* found = item(name);
+            return found ? found->mapRectToScene(found->boundingRect()) : QRectF();
+        };
+        const QRectF body = sceneRect(u"popoverBody"_qs);
+        QCOMPARE(body.height(), PanelPlacement::minBodyHeight);
+        QVERIFY(sceneRect(u"copyButton"_qs).bottom() < sceneRect(u"footerTrailing"_qs).top());
+        QVERIFY(sceneRect(u"footerTrailing"_qs).bottom() <= body.bottom());
+        QVERIFY(sceneRect(u"outputPreview"_qs).height() >= 56);
+        QVERIFY(sceneRect(u"previewRow"_qs).top() > sceneRect(u"inspectorTags"_qs).bottom());
     }
 
     void gridScrollsToTheSelectionAndDrawsItsGlyph()

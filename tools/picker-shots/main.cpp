@@ -3,6 +3,7 @@
 //   picker-shots [OUTPUT_DIR] [--measure]
 // With --measure it also prints how long the first load, a search and a
 // scroll of the full grid take (run with QT_QUICK_BACKEND=software).
+#include "Panel/PanelPlacement.h"
 #include "Panel/PickerController.h"
 #include "Panel/PopoverState.h"
 #include "Panel/Views/PictrayQml.h"
@@ -109,7 +110,7 @@ int main(int argc, char** argv)
         QImage image = window.grabWindow();
         // Without the arrow the body alone is the panel.
         if (!popover.hasArrow())
-            image = image.copy(0, 0, 780, 730);
+            image = image.copy(0, 0, 780, popover.bodyHeight());
         const QString path = QDir(outDir).filePath(name + QStringLiteral(".png"));
         image.save(path);
         out << "saved " << path << Qt::endl;
@@ -159,6 +160,11 @@ int main(int argc, char** argv)
     popover.setArrowDown(false);
     popover.setArrowX(-1);
     appearance.setMode(AppearanceMode::light);
+    // What a 1280 x 720 screen with a bottom panel leaves.
+    popover.setBodyHeight(PanelPlacement::minBodyHeight);
+    model.prepareForShow();
+    shoot(QStringLiteral("short-screen"));
+    popover.setBodyHeight(PanelPlacement::bodyHeight);
 
     if (measure) {
         out << "create PopoverRoot: " << createMs << " ms; to first frame: " << firstFrameMs

@@ -90,7 +90,7 @@ Rectangle {
                 objectName: "outputPreview"
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                Layout.minimumHeight: 96
+                Layout.minimumHeight: 56
                 radius: Theme.radius
                 color: Theme.body
                 border.color: Theme.outline

@@ -3,7 +3,8 @@ import Pictray.Kit
 import Pictray.Picker
 
 // The panel's root: the arrow pointing at the tray icon (when the panel
-// hangs from it), above or below the 780 x 730 body with the picker.
+// hangs from it), above or below the 780 x 730 body with the picker (less
+// tall on a short screen).
 Item {
     id: root
     required property PickerModel model
@@ -15,7 +16,7 @@ Item {
     readonly property bool arrowDown: popover.arrowDown
 
     width: 780
-    height: hasArrow ? 741 : 730
+    height: popover.bodyHeight + (hasArrow ? 11 : 0)
 
     Binding {
         target: Theme
@@ -34,7 +35,7 @@ Item {
         x: 0
         y: root.hasArrow && !root.arrowDown ? 11 : 0
         width: 780
-        height: 730
+        height: root.popover.bodyHeight
         radius: 12
         color: Theme.body
         border.color: Theme.outline
