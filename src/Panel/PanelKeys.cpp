@@ -124,4 +124,13 @@ PanelKeyAction actionFor(const QKeyEvent& event, Rendition rendition, const Keyb
     return {};
 }
 
+bool isTyping(const QKeyEvent& event)
+{
+    constexpr Qt::KeyboardModifiers commands =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const QString text = event.text();
+    return !(event.modifiers() & commands) && !text.isEmpty() && text.front().isPrint() &&
+           !text.front().isSpace();
+}
+
 } // namespace PanelKeys

@@ -41,6 +41,10 @@ namespace PanelKeys {
 // count by their key. "Exactly Ctrl" ignores keypad and group modifiers.
 PanelKeyAction actionFor(const QKeyEvent& event, Rendition rendition, const KeyboardLayout* layout);
 
+// Text typed into a field: a printable character other than the space,
+// with neither Ctrl, Alt nor Meta held.
+bool isTyping(const QKeyEvent& event);
+
 // The second shortcut modifier, drawn "⌃": Control on a Mac, Alt elsewhere
 // (Qt calls the Mac's Command key Control).
 Qt::KeyboardModifier secondaryModifier(Rendition rendition);

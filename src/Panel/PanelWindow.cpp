@@ -72,6 +72,12 @@ bool PanelWindow::popupHasKeys() const
     return false;
 }
 
+bool PanelWindow::controlHasKeys() const
+{
+    const QQuickItem* item = activeFocusItem();
+    return item && item != m_root && item->objectName() != u"searchField";
+}
+
 void PanelWindow::shape(std::optional<double> arrowX, bool arrowDown)
 {
     setMask(shapeRegion(size(), arrowX, arrowDown));

@@ -32,6 +32,9 @@ public:
     // Whether a popup of the views (the inspector's "Copy as" list) has the
     // keyboard focus: its keys are then its own, not the panel's.
     bool popupHasKeys() const;
+    // Whether a control other than the search field has the keyboard focus
+    // (Tab took it there): the arrow keys are then the control's.
+    bool controlHasKeys() const;
 
     // Limits the window to the body and the arrow triangle: without a
     // compositor the transparent parts would show black.

@@ -156,6 +156,11 @@ bool PickerController::handle(const QKeyEvent& event)
     using Kind = PanelKeyAction::Kind;
     const PanelKeyAction action =
         PanelKeys::actionFor(event, m_rendition, KeyboardLayout::current().get());
+    const bool onControl = m_panel && m_panel->controlHasKeys();
+    // Typing anywhere goes on in the search field; the event is delivered
+    // after this, to the item that has the focus by then.
+    if (onControl && PanelKeys::isTyping(event))
+        m_model.requestSearchFocus();
     switch (action.kind) {
     case Kind::none:
         return false;
@@ -169,6 +174,8 @@ bool PickerController::handle(const QKeyEvent& event)
         escape();
         break;
     case Kind::move:
+        if (onControl)
+            return false; // a slider's or a segment row's own arrows
         m_model.move(action.step.x(), action.step.y());
         break;
     case Kind::toggleFavorite:

@@ -26,7 +26,7 @@ Item {
     }
 
     TextInput {
-        objectName: "search"
+        objectName: "searchField"
         focus: true
         width: 300
         height: 24

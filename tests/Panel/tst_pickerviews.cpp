@@ -366,6 +366,43 @@ private slots:
         QVERIFY(tip->width() > 100);
     }
 
+    // Tab walks every control and wraps, Shift+Tab walks back; on a control
+    // the arrows are its own; typing a letter goes back to the search.
+    void keyboardReachesEveryControl()
+    {
+        QQuickWindow* panel = showPanel();
+        QTRY_VERIFY(panel->isActive());
+        const auto focused = [&] {
+            const QQuickItem* item = panel->activeFocusItem();
+            return item ? item->objectName() : QString();
+        };
+        QStringList order;
+        for (int i = 0; i < 10; ++i) {
+            QTest::keyClick(panel, Qt::Key_Tab);
+            order << focused();
+        }
+        QCOMPARE(order, (QStringList{"styleControl", "settingsButton", "chip0", "favoriteToggle",
+                                     "swatches", "sizeSlider", "strokeSlider", "formatChoice",
+                                     "copyButton", "searchField"}));
+        for (int i = 0; i < 4; ++i)
+            QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(focused(), u"sizeSlider"_qs);
+
+        const int selected = f->model->selectedIndex(), size = f->model->size();
+        QTest::keyClick(panel, Qt::Key_Right);
+        QCOMPARE(f->model->size(), size + 1);
+        QCOMPARE(f->model->selectedIndex(), selected);
+        QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
+        QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(focused(), u"favoriteToggle"_qs);
+        QTest::keyClick(panel, Qt::Key_Space);
+        QVERIFY(f->user->isFavorite(f->model->currentName()));
+
+        QTest::keyClick(panel, Qt::Key_H);
+        QCOMPARE(focused(), u"searchField"_qs);
+        QCOMPARE(f->model->query(), u"h"_qs);
+    }
+
     // The model's Down is one row of the grid: the cell straight below.
     void downMovesToTheCellBelow()
     {

@@ -165,6 +165,11 @@ int main(int argc, char** argv)
     model.prepareForShow();
     shoot(QStringLiteral("short-screen"));
     popover.setBodyHeight(PanelPlacement::bodyHeight);
+    findItem(root, QStringLiteral("swatches"))->forceActiveFocus(Qt::TabFocusReason);
+    shoot(QStringLiteral("focus-swatches"));
+    findItem(root, QStringLiteral("styleControl"))->forceActiveFocus(Qt::TabFocusReason);
+    shoot(QStringLiteral("focus-style"));
+    model.requestSearchFocus();
 
     if (measure) {
         out << "create PopoverRoot: " << createMs << " ms; to first frame: " << firstFrameMs

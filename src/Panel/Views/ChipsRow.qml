@@ -27,6 +27,7 @@ Item {
         iconSize: 14
         enabled: wheel.canLeft
         accessibleName: "Scroll collections left"
+        takesFocus: false
         onClicked: wheel.page(-1)
     }
 
@@ -47,6 +48,11 @@ Item {
         model: row.bindings.tabTitles
         currentIndex: row.bindings.tabIndex
         highlightFollowsCurrentItem: false
+        // One Tab stop for the row; the arrows then choose the collection.
+        activeFocusOnTab: true
+        keyNavigationEnabled: false
+        Keys.onLeftPressed: row.bindings.tabIndex = Math.max(0, row.bindings.tabIndex - 1)
+        Keys.onRightPressed: row.bindings.tabIndex = Math.min(count - 1, row.bindings.tabIndex + 1)
         // Keeps the chosen chip in sight when the tab changes from elsewhere.
         onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
 
@@ -84,6 +90,10 @@ Item {
                     font.pixelSize: 12
                     font.weight: chip.current ? Font.DemiBold : Font.Normal
                 }
+            }
+            FocusRing {
+                itemRadius: chip.radius
+                shown: chip.current && list.activeFocus
             }
             MouseArea {
                 id: chipArea
@@ -139,6 +149,7 @@ Item {
         iconSize: 14
         enabled: wheel.canRight
         accessibleName: "Scroll collections right"
+        takesFocus: false
         onClicked: wheel.page(1)
     }
 }

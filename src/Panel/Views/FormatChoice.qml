@@ -20,6 +20,12 @@ Rectangle {
     Accessible.role: Accessible.ComboBox
     Accessible.name: "Copy as"
     Accessible.description: bindings.formatLabel
+    activeFocusOnTab: true
+    Keys.onSpacePressed: popup.open()
+
+    FocusRing {
+        itemRadius: choice.radius
+    }
 
     Text {
         objectName: "formatChoiceText"

@@ -127,8 +127,23 @@ Rectangle {
             Layout.fillWidth: true
             title: "Color"
             Flow {
+                id: swatches
+                objectName: "swatches"
                 Layout.fillWidth: true
                 spacing: 2
+                // One Tab stop; the arrows choose the neighbouring colour.
+                activeFocusOnTab: true
+                Keys.onLeftPressed: step(-1)
+                Keys.onRightPressed: step(1)
+                function step(by) {
+                    const values = inspector.bindings.swatchValues
+                    let at = -1
+                    for (let i = 0; i < values.length; ++i) {
+                        if (values[i] === inspector.model.color)
+                            at = i
+                    }
+                    inspector.model.color = values[Math.max(0, Math.min(values.length - 1, at + by))]
+                }
                 Repeater {
                     model: inspector.bindings.swatchValues
                     Swatch {
@@ -137,6 +152,7 @@ Rectangle {
                         value: modelData
                         label: inspector.bindings.swatchLabels[index] || ""
                         selected: modelData === inspector.model.color
+                        focusShown: selected && swatches.activeFocus
                         onClicked: inspector.model.color = modelData
                     }
                 }
@@ -239,6 +255,11 @@ Rectangle {
                 Accessible.role: Accessible.Button
                 Accessible.name: copyText.text
                 Accessible.onPressAction: inspector.model.copy()
+                activeFocusOnTab: enabled
+                Keys.onSpacePressed: inspector.model.copy()
+                FocusRing {
+                    itemRadius: copyButton.radius
+                }
                 Text {
                     id: copyText
                     objectName: "copyButtonText"

@@ -56,6 +56,7 @@ Item {
                 font.pixelSize: 14
                 clip: true
                 focus: true
+                activeFocusOnTab: true
                 Accessible.role: Accessible.EditableText
                 Accessible.name: row.model.placeholder
 
@@ -95,6 +96,7 @@ Item {
                     height: 22
                     radius: 11
                     accessibleName: "Clear search"
+                    takesFocus: false // Escape clears from anywhere
                     onClicked: {
                         row.model.query = ""
                         input.forceActiveFocus()

@@ -10,6 +10,8 @@ Rectangle {
     property string toolTip
     property color iconColor: Theme.textSecondary
     property bool iconFilled: false
+    // Scrolling aids and the like stay out of the Tab order.
+    property bool takesFocus: true
     signal clicked
 
     implicitWidth: 32
@@ -20,6 +22,8 @@ Rectangle {
     Accessible.role: Accessible.Button
     Accessible.name: accessibleName
     Accessible.onPressAction: button.clicked()
+    activeFocusOnTab: takesFocus && enabled && visible
+    Keys.onSpacePressed: button.clicked()
 
     IconImage {
         anchors.centerIn: parent
@@ -33,6 +37,9 @@ Rectangle {
         anchors.fill: parent
         hoverEnabled: true
         onClicked: button.clicked()
+    }
+    FocusRing {
+        itemRadius: button.radius
     }
     HoverTip {
         visible: button.toolTip.length > 0 && area.containsMouse

@@ -30,5 +30,9 @@ Slider {
         color: slider.pressed ? Theme.pressed : Theme.keyCap
         border.color: Theme.keyCapBorder
         border.width: 1
+        FocusRing {
+            itemRadius: 8
+            shown: slider.activeFocus
+        }
     }
 }

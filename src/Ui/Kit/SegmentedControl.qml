@@ -15,6 +15,14 @@ Rectangle {
     radius: Theme.smallRadius
     color: Theme.control
     Accessible.role: Accessible.PageTabList
+    activeFocusOnTab: true
+    Keys.onLeftPressed: activated(Math.max(0, currentIndex - 1))
+    Keys.onRightPressed: activated(Math.min(segments.length - 1, currentIndex + 1))
+    Keys.onSpacePressed: activated((currentIndex + 1) % segments.length)
+
+    FocusRing {
+        itemRadius: control.radius
+    }
 
     Row {
         id: segmentRow

@@ -7,6 +7,8 @@ Item {
     property string value
     property string label
     property bool selected: false
+    // The row of swatches has the focus and this is its choice.
+    property bool focusShown: false
     signal clicked
 
     implicitWidth: 24
@@ -45,6 +47,10 @@ Item {
         anchors.fill: parent
         hoverEnabled: true
         onClicked: swatch.clicked()
+    }
+    FocusRing {
+        itemRadius: swatch.width / 2
+        shown: swatch.focusShown
     }
     HoverTip {
         visible: area.containsMouse
