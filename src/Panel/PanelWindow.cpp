@@ -2,6 +2,8 @@
 
 #include "PanelPlacement.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -74,8 +76,26 @@ bool PanelWindow::popupHasKeys() const
 
 bool PanelWindow::controlHasKeys() const
 {
+    return !keysGoNowhere() && activeFocusItem()->objectName() != u"searchField";
+}
+
+bool PanelWindow::keysGoNowhere() const
+{
     const QQuickItem* item = activeFocusItem();
-    return item && item != m_root && item->objectName() != u"searchField";
+    return !item || item == m_root || item == contentItem();
+}
+
+bool PanelWindow::sendToSearchField(const QKeyEvent& event)
+{
+    QQuickItem* field =
+        m_root ? m_root->findChild<QQuickItem*>(QStringLiteral("searchField")) : nullptr;
+    if (!field)
+        return false;
+    QKeyEvent copy(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
+                   event.nativeVirtualKey(), event.nativeModifiers(), event.text(),
+                   event.isAutoRepeat(), event.count());
+    QCoreApplication::sendEvent(field, &copy);
+    return true;
 }
 
 void PanelWindow::shape(std::optional<double> arrowX, bool arrowDown)

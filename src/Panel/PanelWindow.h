@@ -35,6 +35,12 @@ public:
     // Whether a control other than the search field has the keyboard focus
     // (Tab took it there): the arrow keys are then the control's.
     bool controlHasKeys() const;
+    // Whether no item has the keyboard focus: the window has the keyboard
+    // before Qt has handed the focus to an item (a loaded machine, keys
+    // typed right after the shortcut), and its keys would be dropped.
+    bool keysGoNowhere() const;
+    // Delivers `event` to the search field directly; false without one.
+    bool sendToSearchField(const QKeyEvent& event);
 
     // Limits the window to the body and the arrow triangle: without a
     // compositor the transparent parts would show black.

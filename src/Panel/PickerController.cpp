@@ -158,9 +158,14 @@ bool PickerController::handle(const QKeyEvent& event)
         PanelKeys::actionFor(event, m_rendition, KeyboardLayout::current().get());
     const bool onControl = m_panel && m_panel->controlHasKeys();
     // Typing anywhere goes on in the search field; the event is delivered
-    // after this, to the item that has the focus by then.
-    if (onControl && PanelKeys::isTyping(event))
-        m_model.requestSearchFocus();
+    // after this, to the item that has the focus by then, or straight to the
+    // field while no item has it yet.
+    if (m_panel && PanelKeys::isTyping(event)) {
+        if (onControl)
+            m_model.requestSearchFocus();
+        else if (m_panel->keysGoNowhere())
+            return m_panel->sendToSearchField(event);
+    }
     switch (action.kind) {
     case Kind::none:
         return false;

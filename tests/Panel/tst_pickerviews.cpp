@@ -367,7 +367,7 @@ private slots:
     }
 
     // Tab walks every control and wraps, Shift+Tab walks back; on a control
-    // the arrows are its own; typing a letter goes back to the search.
+    // the arrows are its own; typing a letter goes to the search.
     void keyboardReachesEveryControl()
     {
         QQuickWindow* panel = showPanel();
@@ -401,6 +401,11 @@ private slots:
         QTest::keyClick(panel, Qt::Key_H);
         QCOMPARE(focused(), u"searchField"_qs);
         QCOMPARE(f->model->query(), u"h"_qs);
+        // Typed before any item has the focus (a loaded machine, right
+        // after the shortcut): still the search's.
+        panel->contentItem()->forceActiveFocus();
+        QTest::keyClick(panel, Qt::Key_I);
+        QCOMPARE(f->model->query(), u"hi"_qs);
     }
 
     // The model's Down is one row of the grid: the cell straight below.
