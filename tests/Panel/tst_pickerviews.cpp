@@ -408,6 +408,27 @@ private slots:
         QCOMPARE(f->model->query(), u"hi"_qs);
     }
 
+    // A colour lost on the body (white on light) leaves the grid in the text
+    // colour, and the preview shows it on a checkerboard.
+    void gridStaysLegible_data()
+    {
+        QTest::addColumn<QString>("color");
+        QTest::addColumn<QString>("glyph");
+        QTest::addRow("white") << u"#FFFFFF"_qs << u"currentColor"_qs;
+        QTest::addRow("very light grey") << u"#eeeeee"_qs << u"currentColor"_qs;
+        QTest::addRow("yellow") << u"#EAB308"_qs << u"#EAB308"_qs;
+        QTest::addRow("current colour") << u"currentColor"_qs << u"currentColor"_qs;
+    }
+    void gridStaysLegible()
+    {
+        QFETCH(QString, color);
+        QFETCH(QString, glyph);
+        f->model->setColor(color);
+        settle();
+        QCOMPARE(item(u"cell_"_qs + f->model->resultNames().at(0))->property("glyphColor"), glyph);
+        QCOMPARE(shown(u"previewCheckerboard"_qs), glyph != color);
+    }
+
     // The model's Down is one row of the grid: the cell straight below.
     void downMovesToTheCellBelow()
     {

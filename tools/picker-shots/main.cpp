@@ -170,6 +170,9 @@ int main(int argc, char** argv)
     findItem(root, QStringLiteral("styleControl"))->forceActiveFocus(Qt::TabFocusReason);
     shoot(QStringLiteral("focus-style"));
     model.requestSearchFocus();
+    model.setColor(QStringLiteral("#FFFFFF"));
+    shoot(QStringLiteral("white-on-light"));
+    model.setColor(QStringLiteral("currentColor"));
 
     if (measure) {
         out << "create PopoverRoot: " << createMs << " ms; to first frame: " << firstFrameMs

@@ -12,6 +12,8 @@ Rectangle {
     required property PickerModel pickerModel
     required property PickerBindings bindings
     required property PickerController controller
+    // The model's colour, or the text colour where that would not show.
+    required property string glyphColor
 
     readonly property bool selected: index === pickerModel.selectedIndex
     readonly property bool hovering: area.containsMouse
@@ -31,7 +33,7 @@ Rectangle {
         name: cell.iconName
         size: 26
         filled: cell.bindings.filled
-        color: cell.pickerModel.color
+        color: cell.glyphColor
         currentColor: Theme.text
     }
 

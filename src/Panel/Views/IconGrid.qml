@@ -15,6 +15,10 @@ Item {
     readonly property int spacing: 4
     // One tooltip for the whole grid, moved to the cell under the pointer.
     property IconCell hoveredCell: null
+    // White on the light body, black on the dark one: the glyphs keep the
+    // text colour so the grid stays readable (the preview shows the real one).
+    readonly property string glyphColor: CssColor.legibleOn(model.color, Theme.body) ? model.color
+                                                                                    : "currentColor"
 
     GridView {
         id: view
@@ -48,6 +52,7 @@ Item {
             pickerModel: grid.model
             bindings: grid.bindings
             controller: grid.controller
+            glyphColor: grid.glyphColor
         }
     }
 

@@ -97,6 +97,25 @@ Rectangle {
                 border.width: 1
                 Accessible.role: Accessible.Graphic
                 Accessible.name: "Preview, drag to another app"
+                // A colour lost on the body shows on mid-grey squares.
+                Canvas {
+                    objectName: "previewCheckerboard"
+                    anchors.fill: parent
+                    anchors.margins: 6
+                    visible: !CssColor.legibleOn(inspector.model.color, Theme.body)
+                    onPaint: {
+                        const ctx = getContext("2d")
+                        const square = 8
+                        for (let y = 0; y < height; y += square) {
+                            for (let x = 0; x < width; x += square) {
+                                ctx.fillStyle = (x + y) / square % 2 === 0 ? "#BDBDC2" : "#8E8E94"
+                                ctx.fillRect(x, y, square, square)
+                            }
+                        }
+                    }
+                    onWidthChanged: requestPaint()
+                    onHeightChanged: requestPaint()
+                }
                 IconImage {
                     anchors.centerIn: parent
                     width: size

@@ -31,8 +31,6 @@ Item {
         radius: width / 2
         objectName: "swatchSample"
         color: CssColor.parse(swatch.value, Theme.text)
-        border.width: 1
-        border.color: Qt.rgba(Theme.text.r, Theme.text.g, Theme.text.b, 0.18)
         clip: true
         Rectangle {
             visible: swatch.value.charAt(0) !== "#"
@@ -41,6 +39,14 @@ Item {
             anchors.right: parent.right
             color: Theme.card
         }
+    }
+    // Over the halves, so the light half keeps its edge.
+    Rectangle {
+        anchors.fill: sample
+        radius: width / 2
+        color: "transparent"
+        border.width: 1
+        border.color: Qt.rgba(Theme.text.r, Theme.text.g, Theme.text.b, 0.18)
     }
     MouseArea {
         id: area

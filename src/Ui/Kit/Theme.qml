@@ -26,7 +26,8 @@ QtObject {
 
     readonly property color text: dark ? "#ECECEF" : "#1D1D1F"
     readonly property color textSecondary: dark ? "#A3A4AB" : "#64656C"
-    readonly property color textTertiary: dark ? "#75767D" : "#9B9CA3"
+    // 4.5:1 on the body and on cards, as small text needs.
+    readonly property color textTertiary: dark ? "#8E8F96" : "#6E6F76"
 
     readonly property color keyCap: dark ? "#2E2F34" : "#FFFFFF"
     readonly property color keyCapBorder: dark ? "#45464C" : "#D4D4DA"
