@@ -84,8 +84,11 @@ private slots:
         QCOMPARE(windows->settingsTab(), std::optional(WindowManager::Tab::about));
         QCOMPARE(settings->title(), QString("About"));
 
-        // Kept when closed, with its tab.
-        settings->close();
+        // Escape closes it; it is kept, with its tab.
+        settings->requestActivate();
+        QTRY_VERIFY(settings->isActive());
+        QTest::keyClick(settings, Qt::Key_Escape);
+        QVERIFY(!settings->isVisible());
         processDeletes();
         QCOMPARE(windows->settingsWindow(), settings);
         QVERIFY(!windows->hasVisibleWindow());
@@ -100,7 +103,9 @@ private slots:
         QPointer<QQuickWindow> first = windows->aboutWindow();
         QVERIFY(first);
         QCOMPARE(first->title(), QString("About Pictray"));
-        first->close();
+        first->requestActivate();
+        QTRY_VERIFY(first->isActive());
+        QTest::keyClick(first, Qt::Key_W, Qt::ControlModifier);
         QVERIFY(!windows->aboutWindow());
         processDeletes();
         QVERIFY(!first);
@@ -174,6 +179,7 @@ private slots:
         QVERIFY(window);
         QCOMPARE(window->title(), QString("Welcome to Pictray"));
         QVERIFY(texts(window).contains("Start Using Pictray"));
+        QVERIFY(texts(window).join(u' ').contains(u"lives in your tray."));
         if (finish)
             windows->finishOnboarding();
         else
