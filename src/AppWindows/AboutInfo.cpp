@@ -27,6 +27,11 @@ QString AboutInfo::tagline() const
     return PlatformWords::text(PlatformWords::Text::tagline, m_rendition);
 }
 
+QString AboutInfo::livesInTray() const
+{
+    return PlatformWords::text(PlatformWords::Text::livesInTray, m_rendition);
+}
+
 QString AboutInfo::catalogueVersion() const
 {
     return m_library.version();

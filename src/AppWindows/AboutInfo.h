@@ -18,6 +18,7 @@ class AboutInfo : public QObject {
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(QString build READ build CONSTANT)
     Q_PROPERTY(QString tagline READ tagline CONSTANT)
+    Q_PROPERTY(QString livesInTray READ livesInTray CONSTANT)
     Q_PROPERTY(QString catalogueVersion READ catalogueVersion NOTIFY catalogueVersionChanged)
     Q_PROPERTY(int iconCount READ iconCount NOTIFY catalogueVersionChanged)
     Q_PROPERTY(QString licenceText READ licenceText CONSTANT)
@@ -33,6 +34,7 @@ public:
     QString version() const;
     QString build() const;
     QString tagline() const;
+    QString livesInTray() const;
     QString catalogueVersion() const;
     int iconCount() const;
     // The MIT License text the Tabler icons come under, built into the program.

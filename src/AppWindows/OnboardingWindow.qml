@@ -139,8 +139,8 @@ ApplicationWindow {
             color: Theme.textSecondary
             font.pixelSize: Theme.fontSize
             lineHeight: 1.15
-            text: "Pictray lives in your tray: click its icon, or press the shortcut from any "
-                  + "app. Search, then press Return to copy or drag the icon where you need it."
+            text: window.about.livesInTray
+                  + " Search, then press Return to copy or drag the icon where you need it."
         }
 
         Item { Layout.fillHeight: true }
