@@ -13,11 +13,6 @@ ApplicationWindow {
     minimumWidth: 360
     minimumHeight: aboutView.implicitHeight
     color: colors.window
-    // Escape and Ctrl+W close, as on every desktop here.
-    Shortcut {
-        sequences: ["Ctrl+W", "Escape"]
-        onActivated: window.close()
-    }
     WindowColors {
         id: colors
         appearance: window.appearance

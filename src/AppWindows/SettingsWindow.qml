@@ -22,11 +22,6 @@ ApplicationWindow {
     minimumWidth: 480
     minimumHeight: 460
     color: colors.window
-    // Escape and Ctrl+W close, as on every desktop here.
-    Shortcut {
-        sequences: ["Ctrl+W", "Escape"]
-        onActivated: window.close()
-    }
     WindowColors {
         id: colors
         appearance: window.appearance

@@ -8,8 +8,10 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QQuickStyle>
 #include <QScreen>
 
@@ -112,12 +114,30 @@ void WindowManager::forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot)
     *connection = connect(window, &QWindow::visibleChanged, this, forget);
 }
 
+bool WindowManager::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* window = qobject_cast<QQuickWindow*>(watched);
+    if (event->type() != QEvent::KeyPress || !window)
+        return false;
+    // An open popup (a list of choices) takes Escape for itself.
+    for (const QQuickItem* item = window->activeFocusItem(); item; item = item->parentItem()) {
+        if (item->inherits("QQuickPopupItem"))
+            return false;
+    }
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_Escape && !key->matches(QKeySequence::Close))
+        return false;
+    window->close();
+    return true;
+}
+
 void WindowManager::showSettings(Tab tab)
 {
     if (!m_settings) {
         m_settings = create(QStringLiteral("SettingsWindow.qml"), {});
         if (!m_settings)
             return;
+        m_settings->installEventFilter(this);
     }
     m_settings->setProperty(currentTabProperty, int(tab));
     present(m_settings, true);
@@ -136,6 +156,7 @@ void WindowManager::showAbout()
         m_about = create(QStringLiteral("AboutWindow.qml"), {});
         if (!m_about)
             return;
+        m_about->installEventFilter(this);
         forgetOnClose(&WindowManager::m_about);
     }
     present(m_about, true);

@@ -63,6 +63,10 @@ signals:
     // After onboarding finished: the user should see the picker now.
     void pickerRequested();
 
+protected:
+    // Escape and Ctrl+W close the settings and about windows.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QQmlEngine& engine();
     // The window in `file`, given `properties` and the appearance and about

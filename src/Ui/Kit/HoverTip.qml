@@ -8,6 +8,9 @@ ToolTip {
     id: tip
     delay: 600
     padding: 6
+    // Shown and hidden by the pointer alone: Escape and clicks belong to
+    // the window (the style's tooltip would take Escape to close itself).
+    closePolicy: Popup.NoAutoClose
     contentItem: Text {
         text: tip.text
         color: Theme.text
