@@ -1,0 +1,106 @@
+#!/usr/bin/env bash
+# The completion scripts in their shells: bash with bash-completion loaded
+# completes real command lines; zsh and fish load theirs (fish also
+# completes, when it is installed). The scripts ask the `pictray` found on
+# PATH, here the one given.
+#
+#   shell_completion.sh PICTRAY BASH_SCRIPT ZSH_SCRIPT FISH_SCRIPT
+
+set -u
+PICTRAY=$1
+BASH_SCRIPT=$2
+ZSH_SCRIPT=$3
+FISH_SCRIPT=$4
+
+failures=0
+pass() { echo "PASS: $*"; }
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export HOME=$work/home XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
+mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME"
+PATH=$(dirname "$PICTRAY"):$PATH
+export PATH
+[ "$(command -v pictray)" -ef "$PICTRAY" ] || { echo "FAIL: pictray on PATH is not $PICTRAY"; exit 1; }
+
+# bash_complete LINE: what Tab offers at the end of LINE, one per line, sorted.
+bash_complete() {
+    bash --norc --noprofile -c '
+        source /usr/share/bash-completion/bash_completion
+        source "$1"
+        COMP_LINE=$2
+        COMP_POINT=${#COMP_LINE}
+        read -ra COMP_WORDS <<<"$COMP_LINE"
+        [[ $COMP_LINE == *" " ]] && COMP_WORDS+=("")
+        COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+        _pictray pictray "${COMP_WORDS[COMP_CWORD]}" "${COMP_WORDS[COMP_CWORD - 1]}"
+        printf "%s\n" "${COMPREPLY[@]}"' _ "$BASH_SCRIPT" "$1" | sort
+}
+
+# expect_bash LINE EXPECTED...: Tab offers exactly EXPECTED.
+expect_bash() {
+    local line=$1; shift
+    local got want
+    got=$(bash_complete "$line")
+    want=$(printf '%s\n' "$@" | sort)
+    if [ "$got" = "$want" ]; then pass "bash: '$line'"; else fail "bash: '$line' gave [${got//$'\n'/ }], not [${want//$'\n'/ }]"; fi
+}
+
+expect_bash "pictray ex" export
+expect_bash "pictray prefs set appea" appearance
+expect_bash "pictray prefs set appearance " system light dark
+expect_bash "pictray export home --format png" png1 png2 png3
+expect_bash "pictray --ver" --version
+
+arrows=$(bash_complete "pictray export arrow-le")
+if grep -qx arrow-left <<<"$arrows" && grep -qx arrow-left-circle <<<"$arrows" &&
+    ! grep -qv '^arrow-le' <<<"$arrows"; then
+    pass "bash: 'pictray export arrow-le' lists the arrow-left icons ($(wc -l <<<"$arrows"))"
+else
+    fail "bash: 'pictray export arrow-le' gave [${arrows//$'\n'/ }]"
+fi
+grep -qx heart-broken <<<"$(bash_complete "pictray favorites add heart-b")" &&
+    pass "bash: favorites add completes icon names" || fail "bash: favorites add completes icon names"
+
+mkdir -p "$work/files" && touch "$work/files/out.svg"
+files=$(cd "$work/files" && bash_complete "pictray export home -o ")
+[ "$files" = out.svg ] && pass "bash: -o completes files" || fail "bash: -o completes files, gave [$files]"
+
+# The time a Tab takes on the whole catalogue, the program's start included.
+started=$(date +%s%N)
+for _ in 1 2 3 4 5; do bash_complete "pictray export a" >/dev/null; done
+echo "measure: bash Tab after 'pictray export a' (bash start and bash-completion loading included): $((($(date +%s%N) - started) / 5000000)) ms"
+started=$(date +%s%N)
+for _ in 1 2 3 4 5; do pictray complete bash export "" >/dev/null; done
+echo "measure: pictray complete bash export '' (every icon name): $((($(date +%s%N) - started) / 5000000)) ms"
+
+if command -v zsh >/dev/null; then
+    if zsh -f -c 'autoload -U compinit && compinit -u -d "$1/zcompdump" && source "$2" &&
+            [[ $_comps[pictray] == _pictray ]]' _ "$work" "$ZSH_SCRIPT" 2>"$work/zsh.err" &&
+        [ ! -s "$work/zsh.err" ]; then
+        pass "zsh: the script loads and binds pictray"
+    else
+        fail "zsh: the script loads and binds pictray: $(cat "$work/zsh.err")"
+    fi
+else
+    echo "SKIP: zsh is not installed"
+fi
+
+if command -v fish >/dev/null; then
+    if fish --no-config -c "source '$FISH_SCRIPT'" 2>"$work/fish.err" && [ ! -s "$work/fish.err" ]; then
+        pass "fish: the script loads"
+    else
+        fail "fish: the script loads: $(cat "$work/fish.err")"
+    fi
+    got=$(fish --no-config -c "source '$FISH_SCRIPT'; complete -C'pictray ex'")
+    [ "$got" = "export	Write one icon in one format" ] && pass "fish: 'pictray ex'" ||
+        fail "fish: 'pictray ex' gave [$got]"
+    got=$(fish --no-config -c "source '$FISH_SCRIPT'; complete -C'pictray prefs set appearance '" | sort | tr '\n' ' ')
+    [ "$got" = "dark light system " ] && pass "fish: setting values" || fail "fish: setting values gave [$got]"
+else
+    echo "SKIP: fish is not installed"
+fi
+
+echo "$failures failure(s)"
+[ "$failures" -eq 0 ]
