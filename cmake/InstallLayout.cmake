@@ -1,8 +1,9 @@
 # Where an installed Pictray keeps its files (GNUInstallDirs), and where the
 # executable finds its tray module: a path relative to the executable's own
 # folder, so the installed tree works under any prefix and when moved.
-set(CMAKE_INSTALL_DOCDIR "share/doc/pictray" CACHE PATH "Documentation (copyright, changelog)")
 include(GNUInstallDirs)
+# Named by the package, as Debian wants the copyright and changelog.
+set(PICTRAY_DOC_DIR "${CMAKE_INSTALL_DATADIR}/doc/pictray")
 
 set(PICTRAY_MODULE_INSTALL_DIR "${CMAKE_INSTALL_LIBDIR}/pictray")
 file(RELATIVE_PATH PICTRAY_MODULE_DIR_FROM_BIN
