@@ -38,9 +38,11 @@ void appendOptions(QString& page, const std::vector<OptionSpec>& options)
     page += QStringLiteral(".RE\n");
 }
 
-constexpr const char* header = R"(.SH NAME
+constexpr const char* name = R"(.SH NAME
 pictray \- the Tabler icon set a keystroke away
-.SH DESCRIPTION
+)";
+
+constexpr const char* description = R"(.SH DESCRIPTION
 Without a command, \fBpictray\fR starts Pictray in the tray: a global shortcut
 (Ctrl+Alt+I unless changed) opens a floating picker where you search the Tabler
 icons by name or tag and copy or drag one into any application as SVG, a
@@ -89,13 +91,14 @@ QString manPage(const QString& version)
 {
     QString page =
         QStringLiteral(".TH PICTRAY 1 \"\" \"Pictray %1\" \"User Commands\"\n").arg(roff(version));
-    page += QString::fromUtf8(header);
+    page += QString::fromUtf8(name);
     page += QStringLiteral(".SH SYNOPSIS\n.B pictray\n");
     for (const CommandSpec& command : commandTable()) {
         if (!command.hidden)
             page += QStringLiteral(".br\n.B pictray\n%1\n").arg(roff(synopsis(command)));
     }
     page += QStringLiteral(".br\n.B pictray\n\\-\\-help | \\-\\-version\n");
+    page += QString::fromUtf8(description);
 
     page += QStringLiteral(".SH COMMANDS\n");
     for (const CommandSpec& command : commandTable()) {
