@@ -9,11 +9,9 @@ namespace {
 
 QStringList iconNamesStartingWith(const QString& prefix)
 {
-    QStringList names;
-    for (const Icon& icon : IconLibrary::shared().icons()) {
-        if (icon.id().startsWith(prefix))
-            names.append(icon.id());
-    }
+    QStringList names = IconLibrary::iconNames(IconLibrary::defaultSources());
+    names.removeIf([&](const QString& name) { return !name.startsWith(prefix); });
+    names.removeDuplicates();
     return names;
 }
 
