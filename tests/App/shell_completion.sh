@@ -90,6 +90,21 @@ if command -v zsh >/dev/null; then
     else
         fail "zsh: the script loads and binds pictray: $(cat "$work/zsh.err")"
     fi
+    # zsh_tab TEXT PATTERN: types TEXT and Tab in an interactive zsh; true once
+    # what the terminal shows matches PATTERN.
+    zsh_tab() {
+        mkdir -p "$work/zfunctions" && cp "$ZSH_SCRIPT" "$work/zfunctions/_pictray"
+        timeout 20 zsh -f -c '
+            zmodload zsh/zpty
+            zpty shell zsh -f -i
+            zpty -w shell "fpath=($1 \$fpath); autoload -U compinit; compinit -u -D"
+            zpty -n -w shell "$2"$'"'\\t'"'
+            zpty -r shell shown "$3"' _ "$work/zfunctions" "$1" "$2" >/dev/null
+    }
+    zsh_tab "pictray prefs set appearance " "*dark*light*system*" &&
+        pass "zsh: setting values" || fail "zsh: setting values"
+    zsh_tab "pictray export arrow-left" "*arrow-left-circle*" &&
+        pass "zsh: icon names" || fail "zsh: icon names"
 else
     echo "SKIP: zsh is not installed"
 fi

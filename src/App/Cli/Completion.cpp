@@ -6,7 +6,10 @@
 namespace Cli {
 namespace {
 
-const QString categoryPrefix = QStringLiteral("category:");
+QString categoryPrefix()
+{
+    return QStringLiteral("category:");
+}
 
 class Collector {
 public:
@@ -77,11 +80,11 @@ Completions valuesOf(ValueKind kind, const QStringList& values, const QString& c
         break;
     case ValueKind::tab:
         out.addAll({QStringLiteral("all"), QStringLiteral("favorites"), QStringLiteral("recents")});
-        if (current.startsWith(categoryPrefix)) {
+        if (current.startsWith(categoryPrefix())) {
             for (const QString& category : sources.categories())
-                out.add(categoryPrefix + category);
+                out.add(categoryPrefix() + category);
         } else {
-            out.add(categoryPrefix);
+            out.add(categoryPrefix());
         }
         break;
     }

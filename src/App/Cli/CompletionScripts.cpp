@@ -54,6 +54,7 @@ _pictray() {
     :dirs) _files -/; return ;;
     esac
     for line in $lines; do
+        [[ -n $line ]] || continue
         word=${line%%$'\t'*}
         if [[ $word == *[=:] ]]; then
             open+=("$word")
