@@ -80,6 +80,11 @@ bash --norc --noprofile -c '
     for _ in 1 2 3 4 5 6 7 8 9 10; do _pictray pictray a export; done
     ended=$EPOCHREALTIME
     echo "measure: bash Tab after \"pictray export a\" (${#COMPREPLY[@]} icon names): $(( (${ended/./} - ${started/./}) / 10000 )) ms"
+    # For scale, on the same machine at the same time: the quickest command.
+    started=$EPOCHREALTIME
+    for _ in 1 2 3 4 5 6 7 8 9 10; do pictray --version >/dev/null; done
+    ended=$EPOCHREALTIME
+    echo "measure: pictray --version: $(( (${ended/./} - ${started/./}) / 10000 )) ms"
 ' _ "$BASH_SCRIPT"
 
 if command -v zsh >/dev/null; then
