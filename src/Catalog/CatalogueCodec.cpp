@@ -209,6 +209,26 @@ std::optional<QString> decodeVersionOnly(QByteArrayView data)
     return version;
 }
 
+std::optional<QStringList> decodeNames(QByteArrayView data)
+{
+    // On demand: only each icon's "n" is read; the rest is skipped unparsed.
+    const simdjson::padded_string json(data.data(), static_cast<size_t>(data.size()));
+    simdjson::ondemand::parser parser;
+    simdjson::ondemand::document document;
+    simdjson::ondemand::array icons;
+    if (parser.iterate(json).get(document) != simdjson::SUCCESS ||
+        document["icons"].get_array().get(icons) != simdjson::SUCCESS)
+        return std::nullopt;
+    QStringList names;
+    for (auto icon : icons) {
+        std::string_view name;
+        if (icon["n"].get_string().get(name) != simdjson::SUCCESS)
+            return std::nullopt;
+        names.append(fromUtf8(name));
+    }
+    return names;
+}
+
 void appendJsonString(QByteArray& out, QByteArrayView utf8)
 {
     static constexpr char hex[] = "0123456789abcdef";

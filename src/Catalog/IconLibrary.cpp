@@ -60,8 +60,13 @@ IconLibrary::IconLibrary(Sources sources, QObject* parent)
 
 IconLibrary& IconLibrary::shared()
 {
-    static auto* library = new IconLibrary({shippedFilePath(), downloadedFilePath()});
+    static auto* library = new IconLibrary(defaultSources());
     return *library;
+}
+
+IconLibrary::Sources IconLibrary::defaultSources()
+{
+    return {shippedFilePath(), downloadedFilePath()};
 }
 
 QString IconLibrary::shippedFilePath()
@@ -84,15 +89,10 @@ std::optional<QString> IconLibrary::peekVersion(const QByteArray& data)
     return CatalogueCodec::decodeVersionOnly(data);
 }
 
-void IconLibrary::load()
+std::optional<IconLibrary::Candidate> IconLibrary::bestCandidate(const Sources& sources)
 {
-    struct Candidate {
-        QString path;
-        QByteArray bytes;
-        QString version;
-    };
     std::optional<Candidate> best;
-    for (const QString& path : {m_sources.shippedPath, m_sources.downloadedPath}) {
+    for (const QString& path : {sources.shippedPath, sources.downloadedPath}) {
         if (path.isEmpty())
             continue;
         auto bytes = readCandidate(path);
@@ -105,12 +105,24 @@ void IconLibrary::load()
         if (!best || numericCompare(*version, best->version) > 0)
             best = Candidate{path, std::move(*bytes), std::move(*version)};
     }
+    return best;
+}
+
+void IconLibrary::load()
+{
+    const std::optional<Candidate> best = bestCandidate(m_sources);
     // A best candidate that fails to decode leaves the library empty: falling
     // back to an older file would hide that the newer one is broken.
     auto file = best ? CatalogueCodec::decode(best->bytes, nullptr, &TextArena::forThisRun())
                      : std::nullopt;
     m_loadedPath = file ? best->path : QString();
     apply(file ? std::move(*file) : File{});
+}
+
+QStringList IconLibrary::iconNames(const Sources& sources)
+{
+    const std::optional<Candidate> best = bestCandidate(sources);
+    return best ? CatalogueCodec::decodeNames(best->bytes).value_or(QStringList()) : QStringList();
 }
 
 void IconLibrary::apply(File file)

@@ -37,6 +37,11 @@ public:
 
     // The running program's library over the real shipped and downloaded files.
     static IconLibrary& shared();
+    // The shipped file and the downloaded one's place.
+    static Sources defaultSources();
+    // The names of the icons the library over `sources` would load, in
+    // catalogue order, without loading it: quick enough for shell completion.
+    static QStringList iconNames(const Sources& sources);
     static QString shippedFilePath();
     // $XDG_DATA_HOME/Pictray/tabler-icons.json on Linux; the folder is created.
     static QString downloadedFilePath();
@@ -91,6 +96,14 @@ signals:
     void catalogueChanged();
 
 private:
+    struct Candidate {
+        QString path;
+        QByteArray bytes;
+        QString version;
+    };
+    // The source with the highest version; the shipped one on a tie.
+    static std::optional<Candidate> bestCandidate(const Sources& sources);
+
     Sources m_sources;
     QString m_loadedPath;
     IconList m_icons;

@@ -27,6 +27,7 @@ template <> struct Codec<bool> {
     }
     static std::optional<bool> parse(const QString& text) { return SettingsStore::parseBool(text); }
     static QString expected() { return QStringLiteral("true or false"); }
+    static QStringList choices() { return {QStringLiteral("true"), QStringLiteral("false")}; }
 };
 
 template <> struct Codec<qint64> {
@@ -103,12 +104,16 @@ struct Codec<E> {
     static QVariant stored(E value) { return rawValue(value); }
     static QString text(E value) { return rawValue(value); }
     static std::optional<E> parse(const QString& text) { return fromRawValue<E>(text); }
-    static QString expected()
+    static QStringList choices()
     {
         QStringList names;
         for (const E value : allCases<E>())
             names.append(rawValue(value));
-        return QStringLiteral("one of ") + names.join(QStringLiteral(", "));
+        return names;
+    }
+    static QString expected()
+    {
+        return QStringLiteral("one of ") + choices().join(QStringLiteral(", "));
     }
 };
 
@@ -260,6 +265,17 @@ QStringList Preferences::keys()
 bool Preferences::hasKey(const QString& key)
 {
     return withField(key, [](const auto&) {});
+}
+
+QStringList Preferences::valueChoices(const QString& key)
+{
+    QStringList choices;
+    withField(key, [&](const auto& field) {
+        using T = std::remove_cvref_t<decltype(field.defaultValue)>;
+        if constexpr (requires { Codec<T>::choices(); })
+            choices = Codec<T>::choices();
+    });
+    return choices;
 }
 
 QString Preferences::valueText(const QString& key) const

@@ -69,6 +69,9 @@ public:
     // raw values; a shortcut as its compact JSON, empty for none.
     static QStringList keys();
     static bool hasKey(const QString& key);
+    // Every value a setting takes where they can be listed (true and false,
+    // an option's raw values); empty for numbers, text and shortcuts.
+    static QStringList valueChoices(const QString& key);
     // Empty for an unknown key.
     QString valueText(const QString& key) const;
 

@@ -112,6 +112,11 @@ private slots:
         const IconLibrary library({shipped(), downloaded()});
         QCOMPARE(library.version(), version);
         QCOMPARE(library.loadedPath(), fromDownload ? downloaded() : shipped());
+        // The quick names-only read chooses the same file.
+        QStringList names;
+        for (const Icon& icon : library.icons())
+            names.append(icon.id());
+        QCOMPARE(IconLibrary::iconNames({shipped(), downloaded()}), names);
     }
 
     void brokenNewerDownloadLeavesTheLibraryEmpty()
@@ -124,6 +129,7 @@ private slots:
         QVERIFY(library.icons().isEmpty());
         QVERIFY(library.version().isEmpty());
         QVERIFY(library.loadedPath().isEmpty());
+        QVERIFY(IconLibrary::iconNames({shipped(), downloaded()}).isEmpty());
     }
 
     void undecodableFiles_data()

@@ -4,6 +4,27 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+namespace {
+
+// The keys of a desktop file's [Desktop Entry] group.
+QMap<QString, QString> desktopEntry(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QMap<QString, QString> keys;
+    bool inEntry = false;
+    for (const QString& line : QString::fromUtf8(file.readAll()).split('\n')) {
+        if (line.startsWith('['))
+            inEntry = line == "[Desktop Entry]";
+        else if (inEntry && line.contains('='))
+            keys.insert(line.section('=', 0, 0), line.section('=', 1));
+    }
+    return keys;
+}
+
+} // namespace
+
 class TestLoginItem : public QObject {
     Q_OBJECT
 
@@ -39,6 +60,23 @@ private slots:
         QVERIFY(autostart.setEnabled(false, executable));
         QVERIFY(!autostart.isEnabled());
         QVERIFY(autostart.setEnabled(false, executable)); // already off
+    }
+
+    // Started at login as from the applications menu: the installed desktop
+    // file's entry, with the executable's full path and no command.
+    void entryIsTheDesktopFiles()
+    {
+        QVERIFY(autostart.setEnabled(true, "/usr/bin/pictray"));
+        const auto written = desktopEntry(XdgAutostartLoginItem::entryPath());
+        const auto installed = desktopEntry(PICTRAY_DESKTOP_FILE);
+        QCOMPARE(installed.value("Exec"), QString("pictray"));
+        QCOMPARE(written.value("Exec"), QString("\"/usr/bin/pictray\""));
+        for (const QString& key : written.keys()) {
+            if (key != "Exec" && !key.startsWith("X-"))
+                QCOMPARE(written.value(key), installed.value(key));
+        }
+        QVERIFY(written.contains("Icon"));
+        QVERIFY(autostart.setEnabled(false, "/usr/bin/pictray"));
     }
 
     void failureIsLogged()

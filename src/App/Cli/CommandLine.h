@@ -21,12 +21,6 @@ struct Io {
 // A command gets the arguments after its own name.
 using Run = int (*)(const QStringList& args, Io& io);
 
-struct Command {
-    const char* name;
-    const char* synopsis; // one line of the usage text, after "pictray "
-    Run run;
-};
-
 // Runs the command named by args[1]; args[0] is the program.
 int run(const QStringList& args, Io& io);
 

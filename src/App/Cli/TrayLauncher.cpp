@@ -24,7 +24,7 @@ int TrayLauncher::run(int argc, char* argv[])
     const std::filesystem::path directory = executableDirectory();
     std::string failure = "not found";
     for (const auto& candidate :
-         {directory / moduleFileName, directory / ".." / "lib" / "pictray" / moduleFileName}) {
+         {directory / moduleFileName, directory / PICTRAY_MODULE_DIR_FROM_BIN / moduleFileName}) {
         if (!std::filesystem::exists(candidate))
             continue;
         // The module stays loaded until the process exits.

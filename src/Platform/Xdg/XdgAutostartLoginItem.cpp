@@ -52,14 +52,20 @@ bool XdgAutostartLoginItem::setEnabled(bool enabled, const QString& executable)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return fail(file.errorString());
+    // The installed desktop file's entry (packaging/app.pictray.Pictray.desktop),
+    // with this executable's full path: at login the program starts exactly
+    // as from the applications menu, without a command, in the tray.
     const QString entry = QStringLiteral("[Desktop Entry]\n"
                                          "Type=Application\n"
                                          "Name=Pictray\n"
+                                         "GenericName=Icon Picker\n"
                                          "Comment=The Tabler icon set a keystroke away\n"
-                                         "Exec=%1\n"
+                                         "Icon=%1\n"
+                                         "Exec=%2\n"
                                          "Terminal=false\n"
+                                         "StartupNotify=false\n"
                                          "X-GNOME-Autostart-enabled=true\n")
-                              .arg(quotedExec(executable));
+                              .arg(AppConfig::applicationId(), quotedExec(executable));
     file.write(entry.toUtf8());
     if (!file.commit())
         return fail(file.errorString());

@@ -7,7 +7,7 @@ struct IconExport;
 class Preferences;
 
 // Each command lives in its own file under Commands/ and is listed in
-// CommandLine.cpp.
+// CommandTable.cpp.
 namespace Cli {
 
 int info(const QStringList& args, Io& io);
@@ -23,6 +23,10 @@ int exportIcon(const QStringList& args, Io& io);
 int toggle(const QStringList& args, Io& io);
 int show(const QStringList& args, Io& io);
 int copyLast(const QStringList& args, Io& io);
+// Hidden: what the build installs and the shells ask.
+int completions(const QStringList& args, Io& io);
+int complete(const QStringList& args, Io& io);
+int manpage(const QStringList& args, Io& io);
 
 // Bytes to FILE, atomically, or to stdout when path is empty.
 bool writeOutput(const QByteArray& bytes, const QString& path, Io& io);
