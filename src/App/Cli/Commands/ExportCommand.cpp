@@ -2,13 +2,15 @@
 #include "Commands.h"
 #include "Export/IconExport.h"
 #include "Export/SnippetBuilder.h"
+#include "State/AtomicFile.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 
 #include <QCommandLineParser>
 #include <QFile>
-#include <QSaveFile>
 #include <QTemporaryDir>
+#include <cerrno>
+#include <cstring>
 
 namespace Cli {
 namespace {
@@ -77,15 +79,19 @@ bool writeOutput(const QByteArray& bytes, const QString& path, Io& io)
 {
     if (path.isEmpty()) {
         io.out.flush();
-        return std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()),
-                           io.stdoutFile) == static_cast<size_t>(bytes.size()) &&
-               std::fflush(io.stdoutFile) == 0;
+        if (std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), io.stdoutFile) ==
+                static_cast<size_t>(bytes.size()) &&
+            std::fflush(io.stdoutFile) == 0)
+            return true;
+        io.err << "pictray: cannot write standard output: "
+               << QString::fromLocal8Bit(std::strerror(errno)) << '\n';
+        return false;
     }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    io.err << "pictray: cannot write " << path << ": " << file.errorString() << '\n';
-    return false;
+    if (const auto error = writeFileAtomically(path, bytes)) {
+        io.err << "pictray: " << *error << '\n';
+        return false;
+    }
+    return true;
 }
 
 int exportIcon(const QStringList& args, Io& io)
