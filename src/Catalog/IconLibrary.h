@@ -32,7 +32,9 @@ public:
         QString downloadedPath; // where install() writes
     };
 
-    // Loads the best of the two sources at once.
+    // Loads the best of the two sources at once: the highest version that
+    // decodes. A downloaded file that does not decode is moved aside (its
+    // name plus ".damaged") and the next candidate loads; loadProblem() says so.
     explicit IconLibrary(Sources sources, QObject* parent = nullptr);
 
     // The running program's library over the real shipped and downloaded files.
@@ -65,6 +67,8 @@ public:
     // The file the catalogue came from; empty when nothing is loaded.
     QString loadedPath() const { return m_loadedPath; }
     const Sources& sources() const { return m_sources; }
+    // What the last load() found wrong with the downloaded file; empty when nothing.
+    QString loadProblem() const { return m_loadProblem; }
 
     // Exact, case-sensitive; a null Icon when there is none.
     Icon icon(QStringView name) const;
@@ -91,8 +95,11 @@ signals:
     void catalogueChanged();
 
 private:
+    void setAside(const QString& path, const QString& reason);
+
     Sources m_sources;
     QString m_loadedPath;
+    QString m_loadProblem;
     IconList m_icons;
     QString m_version;
     QStringList m_categories;
