@@ -39,8 +39,8 @@ private slots:
     void prefsSetGetReset()
     {
         const PictrayProcess pictray;
-        QCOMPARE(pictray.run({"prefs", "set", "recentsLimit", "-3"}).exitCode, 0);
-        QCOMPARE(pictray.run({"prefs", "get", "recentsLimit"}).out, "-3\n");
+        QCOMPARE(pictray.run({"prefs", "set", "recentsLimit", "3"}).exitCode, 0);
+        QCOMPARE(pictray.run({"prefs", "get", "recentsLimit"}).out, "3\n");
         QCOMPARE(pictray.run({"prefs", "set", "pickerHotKey", ""}).exitCode, 0);
         QCOMPARE(pictray.run({"prefs", "get", "pickerHotKey"}).out, "\n");
         QVERIFY(readFile(settingsFile(pictray)).contains("pickerHotKey=@ByteArray()"));
@@ -60,6 +60,8 @@ private slots:
         QTest::addColumn<QByteArray>("message");
         QTest::newRow("not a number") << QStringList{"set", "recentsLimit", "abc"} << 1
                                       << QByteArray("expected a whole number");
+        QTest::newRow("out of range") << QStringList{"set", "defaultSize", "-5"} << 1
+                                      << QByteArray("expected a whole number from 1 to 4096");
         QTest::newRow("unknown key")
             << QStringList{"get", "colour"} << 2 << QByteArray("unknown setting 'colour'");
         QTest::newRow("missing value")
