@@ -181,7 +181,7 @@ QByteArray UserLibrary::exportFavorites() const
     return QJsonDocument(file).toJson(QJsonDocument::Indented);
 }
 
-std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
+std::optional<QStringList> UserLibrary::importedNames(const QByteArray& data)
 {
     if (data.size() > maxImportBytes)
         return std::nullopt;
@@ -190,7 +190,12 @@ std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
     const QJsonDocument document = QJsonDocument::fromJson(data, &error);
     if (error.error != QJsonParseError::NoError)
         return std::nullopt;
-    const std::optional<QStringList> names = namesIn(document);
+    return namesIn(document);
+}
+
+std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
+{
+    const std::optional<QStringList> names = importedNames(data);
     if (!names)
         return std::nullopt;
 

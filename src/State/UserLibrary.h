@@ -77,6 +77,9 @@ public:
     // taken; nullopt, with favorites unchanged, for anything else (not JSON,
     // too large, too deeply nested, a list holding non-strings).
     std::optional<int> importFavorites(const QByteArray& data);
+    // The names an import file lists, in file order; nullopt for anything
+    // importFavorites refuses. Reads nothing else and changes nothing.
+    static std::optional<QStringList> importedNames(const QByteArray& data);
 
     // "Imported 1 new favorite." / "Imported 2 new favorites."
     static QString importedMessage(int count);
