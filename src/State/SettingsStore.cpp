@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -151,6 +152,8 @@ void SettingsStore::reload()
 {
     m_settings.reset();
     m_settings = std::make_unique<QSettings>(m_filePath, QSettings::IniFormat);
+    // Only a read of the file reports it; QSettings' cache skips an unchanged file.
+    m_hasUnreadableLine |= m_settings->status() == QSettings::FormatError;
 }
 
 QString SettingsStore::defaultPath()
@@ -307,6 +310,12 @@ std::optional<QString> SettingsStore::update(const std::function<void()>& change
         return m_writeError;
     }
     reload();
+    // QSettings drops a line it cannot parse when it writes the file again:
+    // the file as it was is kept beside it first.
+    if (std::exchange(m_hasUnreadableLine, false)) {
+        QFile::remove(m_filePath + QStringLiteral(".damaged"));
+        QFile::copy(m_filePath, m_filePath + QStringLiteral(".damaged"));
+    }
     const QDateTime replaced = QFileInfo(m_filePath).lastModified();
     change();
     m_settings->sync();

@@ -92,4 +92,5 @@ private:
     QHash<QString, QVariant> m_defaults;
     std::optional<QString> m_writeError;
     bool m_updating = false;
+    bool m_hasUnreadableLine = false;
 };

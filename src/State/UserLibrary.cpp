@@ -230,7 +230,7 @@ QString UserLibrary::notAnExportMessage()
 QString UserLibrary::tooLargeMessage()
 {
     return QStringLiteral("That file is too large for a Pictray favorites export (over %1 MB).")
-        .arg(maxImportBytes / (1024 * 1024));
+        .arg(maxImportBytes / (qint64(1024) * 1024));
 }
 
 std::optional<QByteArray> UserLibrary::readImportFile(const QString& path, QString* error)

@@ -171,11 +171,13 @@ private slots:
     void aMalformedSettingsLineDoesNotFailWrites()
     {
         const PictrayProcess pictray;
-        writeFile(settingsFile(pictray), "[General]\nfavorites=star\n=\\x\n");
+        writeFile(settingsFile(pictray), "[General]\nfavorites=star\n[unterminated\n");
         const auto result = pictray.run({"favorites", "add", "home"});
         QVERIFY2(result.err.isEmpty(), result.err.constData());
         QCOMPARE(result.exitCode, 0);
         QCOMPARE(pictray.run({"favorites"}).lines(), (QStringList{"star", "home"}));
+        QCOMPARE(readFile(settingsFile(pictray) + ".damaged"),
+                 "[General]\nfavorites=star\n[unterminated\n");
     }
 
     // Replacing is for regular files: a device or a FIFO at the output path
