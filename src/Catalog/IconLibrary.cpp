@@ -2,7 +2,7 @@
 
 #include "CatalogueCodec.h"
 #include "Geometry/SVGPath.h"
-#include "NumericCompare.h"
+#include "ReleaseVersion.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +13,7 @@
 #include <QStandardPaths>
 #include <QStringDecoder>
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -89,40 +90,67 @@ std::optional<QString> IconLibrary::peekVersion(const QByteArray& data)
     return CatalogueCodec::decodeVersionOnly(data);
 }
 
-std::optional<IconLibrary::Candidate> IconLibrary::bestCandidate(const Sources& sources)
+std::vector<IconLibrary::Candidate> IconLibrary::candidates(const Sources& sources)
 {
-    std::optional<Candidate> best;
+    std::vector<Candidate> found;
     for (const QString& path : {sources.shippedPath, sources.downloadedPath}) {
         if (path.isEmpty())
             continue;
-        auto bytes = readCandidate(path);
-        if (!bytes)
-            continue;
-        auto version = peekVersion(*bytes);
-        if (!version)
-            continue;
-        // On equal versions the earlier candidate, the shipped file, stays.
-        if (!best || numericCompare(*version, best->version) > 0)
-            best = Candidate{path, std::move(*bytes), std::move(*version)};
+        if (auto bytes = readCandidate(path))
+            found.push_back({path, *bytes, peekVersion(*bytes)});
     }
-    return best;
+    // Highest version first; on equal versions the shipped file stays ahead.
+    std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
+        return a.version && (!b.version || compareCatalogueVersions(*a.version, *b.version) > 0);
+    });
+    return found;
 }
 
 void IconLibrary::load()
 {
-    const std::optional<Candidate> best = bestCandidate(m_sources);
-    // A best candidate that fails to decode leaves the library empty: falling
-    // back to an older file would hide that the newer one is broken.
-    auto file = best ? CatalogueCodec::decode(best->bytes, nullptr, &TextArena::forThisRun())
-                     : std::nullopt;
-    m_loadedPath = file ? best->path : QString();
-    apply(file ? std::move(*file) : File{});
+    m_loadProblem.clear();
+    for (const Candidate& candidate : candidates(m_sources)) {
+        QString reason = QStringLiteral("it has no version");
+        auto file = candidate.version
+                        ? CatalogueCodec::decode(candidate.bytes, &reason, &TextArena::forThisRun())
+                        : std::nullopt;
+        if (file) {
+            m_loadedPath = candidate.path;
+            apply(std::move(*file));
+            return;
+        }
+        setAside(candidate.path, reason);
+    }
+    m_loadedPath.clear();
+    apply(File{});
+}
+
+void IconLibrary::setAside(const QString& path, const QString& reason)
+{
+    // The shipped catalogue is part of the program and stays where it is.
+    if (path != m_sources.downloadedPath)
+        return;
+    const QString aside = path + QStringLiteral(".damaged");
+    QFile::remove(aside);
+    const bool moved = QFile::rename(path, aside);
+    m_loadProblem =
+        QStringLiteral("%1 is damaged (%2); %3")
+            .arg(QDir::toNativeSeparators(path), reason,
+                 moved ? QStringLiteral("it was moved to %1").arg(QDir::toNativeSeparators(aside))
+                       : QStringLiteral("it could not be moved aside"));
 }
 
 QStringList IconLibrary::iconNames(const Sources& sources)
 {
-    const std::optional<Candidate> best = bestCandidate(sources);
-    return best ? CatalogueCodec::decodeNames(best->bytes).value_or(QStringList()) : QStringList();
+    // The first candidate whose names read, as load() would pick it; nothing
+    // is moved aside from here (completion must not change files).
+    for (const Candidate& candidate : candidates(sources)) {
+        if (!candidate.version)
+            continue;
+        if (auto names = CatalogueCodec::decodeNames(candidate.bytes))
+            return *names;
+    }
+    return {};
 }
 
 void IconLibrary::apply(File file)

@@ -32,7 +32,9 @@ public:
         QString downloadedPath; // where install() writes
     };
 
-    // Loads the best of the two sources at once.
+    // Loads the best of the two sources at once: the highest version that
+    // decodes. A downloaded file that does not decode is moved aside (its
+    // name plus ".damaged") and the next candidate loads; loadProblem() says so.
     explicit IconLibrary(Sources sources, QObject* parent = nullptr);
 
     // The running program's library over the real shipped and downloaded files.
@@ -70,6 +72,8 @@ public:
     // The file the catalogue came from; empty when nothing is loaded.
     QString loadedPath() const { return m_loadedPath; }
     const Sources& sources() const { return m_sources; }
+    // What the last load() found wrong with the downloaded file; empty when nothing.
+    QString loadProblem() const { return m_loadProblem; }
 
     // Exact, case-sensitive; a null Icon when there is none.
     Icon icon(QStringView name) const;
@@ -99,13 +103,16 @@ private:
     struct Candidate {
         QString path;
         QByteArray bytes;
-        QString version;
+        std::optional<QString> version;
     };
-    // The source with the highest version; the shipped one on a tie.
-    static std::optional<Candidate> bestCandidate(const Sources& sources);
+    // The readable sources, the one to load first.
+    static std::vector<Candidate> candidates(const Sources& sources);
+    // Moves a downloaded catalogue that does not decode out of the way.
+    void setAside(const QString& path, const QString& reason);
 
     Sources m_sources;
     QString m_loadedPath;
+    QString m_loadProblem;
     IconList m_icons;
     QString m_version;
     QStringList m_categories;

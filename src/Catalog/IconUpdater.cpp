@@ -2,30 +2,22 @@
 
 #include "Base/AppConfig.h"
 #include "IconLibrary.h"
-#include "NumericCompare.h"
 #include "PackageConverter.h"
+#include "ReleaseVersion.h"
 
 #include <QFutureWatcher>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QNetworkReply>
-#include <QRegularExpression>
 #include <QThreadPool>
 #include <QtConcurrent/QtConcurrentRun>
 #include <array>
 #include <memory>
+#include <utility>
 
 namespace {
 
 constexpr int transferTimeoutMs = 30'000;
-
-// The version ends up in download addresses and in the catalogue: accept
-// only what a release number looks like.
-bool isPlausibleVersion(const QString& version)
-{
-    static const QRegularExpression pattern(QStringLiteral("^[0-9A-Za-z][0-9A-Za-z.+-]{0,63}$"));
-    return pattern.match(version).hasMatch();
-}
 
 // What the worker hands back: the saved catalogue, or why there is none.
 struct Prepared {
@@ -35,17 +27,27 @@ struct Prepared {
 
 // The slow part of an update, safe off the main thread: it touches only its
 // arguments and the downloaded file.
-Prepared prepare(const QString& version, const QList<QByteArray>& files, const QString& path)
+Prepared prepare(const QString& version, const QList<QByteArray>& files, const QString& path,
+                 int loadedIcons)
 {
     Prepared prepared;
-    const auto catalogue =
-        PackageConverter::convert(version, files[0], files[1], files[2], &prepared.error);
-    if (!catalogue) {
+    const auto meta = PackageConverter::metadata(files[0], &prepared.error);
+    if (!meta) {
         prepared.error = QStringLiteral("The icon list of release %1 is damaged: %2.")
                              .arg(version, prepared.error);
         return prepared;
     }
-    prepared.file = IconLibrary::save(*catalogue, path, &prepared.error);
+    const PackageConverter::OutFile catalogue = PackageConverter::build(
+        version, *meta, PackageConverter::nodes(files[1]), PackageConverter::nodes(files[2]));
+    // One broken node file only costs its own style; both broken, or a
+    // release far smaller than what is loaded, is not worth replacing it with.
+    const auto icons = static_cast<qsizetype>(catalogue.icons.size());
+    if (icons == 0 || double(icons) < IconUpdater::minimumShareOfIcons * loadedIcons) {
+        prepared.error =
+            QStringLiteral("release %1 looks damaged (%2 icons).").arg(version).arg(icons);
+        return prepared;
+    }
+    prepared.file = IconLibrary::save(catalogue.encode(), path, &prepared.error);
     return prepared;
 }
 
@@ -78,6 +80,9 @@ IconUpdater::IconUpdater(IconLibrary& library, QThreadPool& workers, QObject* pa
     : QObject(parent), m_library(library), m_workers(workers)
 {
     m_network.setTransferTimeout(transferTimeoutMs);
+    m_deadline.setSingleShot(true);
+    m_deadline.setInterval(defaultDeadline);
+    connect(&m_deadline, &QTimer::timeout, this, &IconUpdater::giveUp);
 }
 
 IconUpdater& IconUpdater::shared()
@@ -94,6 +99,8 @@ bool IconUpdater::isBusy() const
 void IconUpdater::setState(State::Kind kind, const QString& value)
 {
     m_state = State{kind, value};
+    if (!isBusy())
+        m_deadline.stop();
     emit stateChanged();
 }
 
@@ -103,11 +110,27 @@ void IconUpdater::fail(quint64 check, const QString& message)
         setState(State::Kind::failed, message);
 }
 
+void IconUpdater::giveUp()
+{
+    const auto waitedFor = m_pending.isEmpty()
+                               ? QStringLiteral("the release to be prepared")
+                               : QStringLiteral("an answer from %1")
+                                     .arg(m_pending.constFirst()->url().toDisplayString());
+    const auto minutes =
+        std::chrono::duration<double, std::ratio<60>>(m_deadline.intervalAsDuration());
+    fail(m_check, QStringLiteral("gave up after %1 minutes waiting for %2.")
+                      .arg(QString::number(minutes.count(), 'g', 3), waitedFor));
+    ++m_check; // whatever the abandoned check still receives is dropped
+    for (QNetworkReply* reply : std::exchange(m_pending, {}))
+        reply->abort();
+}
+
 void IconUpdater::checkForNewIcons()
 {
     if (isBusy())
         return;
     const quint64 check = ++m_check;
+    m_deadline.start();
     setState(State::Kind::checking);
     fetch(AppConfig::tablerLatestURL(), check, [this, check](const QByteArray& body) {
         const QJsonValue version =
@@ -116,12 +139,16 @@ void IconUpdater::checkForNewIcons()
             fail(check, QStringLiteral("The answer about the newest release has no version."));
             return;
         }
+        // The version ends up in download addresses and in the catalogue.
         const QString latest = version.toString();
-        if (!isPlausibleVersion(latest)) {
+        const auto release = ReleaseVersion::parse(latest);
+        if (!release) {
             fail(check, QStringLiteral("The newest release has an unusable version number."));
             return;
         }
-        if (numericCompare(latest, m_library.version()) <= 0) {
+        // A loaded catalogue without a release number is older than any release.
+        const auto loaded = ReleaseVersion::parse(m_library.version());
+        if (loaded && release->compare(*loaded) <= 0) {
             setState(State::Kind::upToDate);
             return;
         }
@@ -168,8 +195,9 @@ void IconUpdater::install(const QString& version, quint64 check, const QList<QBy
         m_library.adopt(std::move(*prepared.file));
         setState(State::Kind::updated, version);
     });
-    watcher->setFuture(
-        QtConcurrent::run(&m_workers, prepare, version, files, m_library.sources().downloadedPath));
+    watcher->setFuture(QtConcurrent::run(&m_workers, prepare, version, files,
+                                         m_library.sources().downloadedPath,
+                                         m_library.iconCount()));
 }
 
 void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
@@ -177,7 +205,20 @@ void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
     QNetworkRequest request(url);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
                          QNetworkRequest::AlwaysNetwork);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::UserVerifiedRedirectPolicy);
     QNetworkReply* reply = m_network.get(request);
+    m_pending.append(reply);
+    // A redirect stays on the server asked, with the same scheme.
+    connect(reply, &QNetworkReply::redirected, reply, [reply, url](const QUrl& target) {
+        if (target.scheme() == url.scheme() && target.host() == url.host() &&
+            target.port() == url.port()) {
+            emit reply->redirectAllowed();
+            return;
+        }
+        reply->setProperty("refusedRedirect", target);
+        reply->abort();
+    });
     connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received, qint64) {
         if (received > maxResponseBytes) {
             reply->setProperty("tooLarge", true);
@@ -187,8 +228,15 @@ void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
     connect(reply, &QNetworkReply::finished, this,
             [this, reply, check, url, done = std::move(done)] {
                 reply->deleteLater();
+                m_pending.removeOne(reply);
                 if (check != m_check)
                     return; // a check that failed, followed by a new one
+                if (const QVariant target = reply->property("refusedRedirect"); target.isValid()) {
+                    fail(check, QStringLiteral("%1 redirected to %2, which is not the same "
+                                               "server; refused.")
+                                    .arg(url.toDisplayString(), target.toUrl().toDisplayString()));
+                    return;
+                }
                 const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
                 if (status.isValid() && status.toInt() != 200) {
                     fail(check, QStringLiteral("The server answered %1 for %2.")
@@ -200,7 +248,8 @@ void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
                     fail(check, reply->property("tooLarge").toBool()
                                     ? QStringLiteral("The answer from %1 was too large.")
                                           .arg(url.toDisplayString())
-                                    : reply->errorString());
+                                    : QStringLiteral("%1 (%2)").arg(reply->errorString(),
+                                                                    url.toDisplayString()));
                     return;
                 }
                 done(reply->readAll());

@@ -2,6 +2,8 @@
 
 #include <QNetworkAccessManager>
 #include <QObject>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 
 class IconLibrary;
@@ -45,6 +47,13 @@ public:
 
     // Responses larger than this are refused.
     static constexpr qint64 maxResponseBytes = qint64(64) * 1024 * 1024;
+    // A check that has not finished by then fails, naming what it waited for:
+    // a server that dribbles bytes never trips a timeout of inactivity.
+    static constexpr std::chrono::milliseconds defaultDeadline = std::chrono::minutes(5);
+    void setDeadline(std::chrono::milliseconds deadline) { m_deadline.setInterval(deadline); }
+    // A converted release with fewer icons than this share of the loaded
+    // catalogue's is refused as damaged.
+    static constexpr double minimumShareOfIcons = 0.5;
 
 signals:
     void stateChanged();
@@ -56,10 +65,13 @@ private:
     void install(const QString& version, quint64 check, const QList<QByteArray>& files);
     void setState(State::Kind kind, const QString& value = {});
     void fail(quint64 check, const QString& message);
+    void giveUp();
 
     IconLibrary& m_library;
     QThreadPool& m_workers;
     QNetworkAccessManager m_network;
     State m_state;
     quint64 m_check = 0;
+    QTimer m_deadline;
+    QList<QNetworkReply*> m_pending; // the current check's unanswered requests
 };

@@ -5,6 +5,7 @@
 #include "Export/IconRenderer.h"
 #include "Export/RenderOptions.h"
 #include "Export/SnippetBuilder.h"
+#include "State/PreferenceRanges.h"
 #include "State/Preferences.h"
 #include "State/UserLibrary.h"
 
@@ -72,8 +73,9 @@ bool CopyService::copyLastAgain()
     const Icon icon = m_library.icon(last->name);
     if (icon.isNull())
         return false;
-    const IconExport item{icon, last->style, static_cast<int>(last->size), last->stroke,
-                          last->color};
+    const IconExport item{icon, last->style,
+                          static_cast<int>(PreferenceRanges::iconSize.clamp(last->size)),
+                          last->stroke, last->color};
     return copy(item, last->format);
 }
 

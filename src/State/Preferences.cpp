@@ -1,5 +1,6 @@
 #include "Preferences.h"
 
+#include "PreferenceRanges.h"
 #include "SettingsStore.h"
 
 #include <QLocale>
@@ -147,6 +148,33 @@ template <> struct Codec<std::optional<KeyCombo>> {
     }
 };
 
+// A number brought into its setting's range; anything else as it is.
+template <typename T> T withinRange(QStringView key, T value)
+{
+    if constexpr (std::is_same_v<T, qint64> || std::is_same_v<T, double>) {
+        if (const auto range = PreferenceRanges::forKey(key))
+            return range->clamp(value);
+    }
+    return value;
+}
+
+template <typename T> bool inRange(QStringView key, const T& value)
+{
+    if constexpr (std::is_same_v<T, qint64> || std::is_same_v<T, double>) {
+        if (const auto range = PreferenceRanges::forKey(key))
+            return range->contains(static_cast<double>(value));
+    }
+    return true;
+}
+
+template <typename T> QString rangeText(QStringView key)
+{
+    const auto range = PreferenceRanges::forKey(key);
+    if (!range)
+        return {};
+    return QStringLiteral(" from %1 to %2").arg(range->min).arg(range->max);
+}
+
 } // namespace
 
 template <typename T> struct Preferences::Field {
@@ -196,7 +224,8 @@ Preferences::Preferences(SettingsStore& store, QObject* parent) : QObject(parent
     // Straight into the members: reading emits nothing and writes nothing.
     forEachField([&](const auto& field) {
         using T = std::remove_cvref_t<decltype(field.defaultValue)>;
-        this->*field.member = Codec<T>::read(m_store, field.key.toString(), field.defaultValue);
+        this->*field.member = withinRange(
+            field.key, Codec<T>::read(m_store, field.key.toString(), field.defaultValue));
     });
 }
 
@@ -211,7 +240,7 @@ Preferences& Preferences::shared()
 
 template <typename T> void Preferences::assign(const Field<T>& field, const T& value)
 {
-    this->*field.member = value;
+    this->*field.member = withinRange(field.key, value);
     emit(this->*field.changed)();
     // The value as it stands after the subscribers ran.
     if (m_writesToStore)
@@ -295,9 +324,9 @@ std::optional<QString> Preferences::setValueText(const QString& key, const QStri
     withField(key, [&](const auto& field) {
         using T = std::remove_cvref_t<decltype(field.defaultValue)>;
         const std::optional<T> value = Codec<T>::parse(text);
-        if (!value) {
-            error = QStringLiteral("Invalid value \"%1\" for %2: expected %3.")
-                        .arg(text, key, Codec<T>::expected());
+        if (!value || !inRange(field.key, *value)) {
+            error = QStringLiteral("Invalid value \"%1\" for %2: expected %3%4.")
+                        .arg(text, key, Codec<T>::expected(), rangeText<T>(field.key));
             return;
         }
         error.reset();
@@ -313,7 +342,8 @@ void Preferences::reset(const QString& key)
     withField(key, [&](const auto& field) {
         using T = std::remove_cvref_t<decltype(field.defaultValue)>;
         m_store.remove(key);
-        this->*field.member = Codec<T>::read(m_store, key, field.defaultValue);
+        this->*field.member =
+            withinRange(field.key, Codec<T>::read(m_store, key, field.defaultValue));
         emit(this->*field.changed)();
     });
 }

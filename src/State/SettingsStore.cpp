@@ -1,7 +1,18 @@
 #include "SettingsStore.h"
 
+#include "FileLock.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QStandardPaths>
+#include <QStorageInfo>
+#include <QTemporaryFile>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
+#include <utility>
 
 namespace {
 
@@ -97,15 +108,52 @@ std::optional<QStringList> variantToStringList(const QVariant& value)
     }
 }
 
-} // namespace
-
-SettingsStore::SettingsStore(const QString& filePath) : m_settings(filePath, QSettings::IniFormat)
+// Why the settings file could not be replaced, in the system's words: the
+// folder refuses a new file (QSettings writes a copy and renames it), the
+// file refuses writing, or the disk is full.
+QString whyNotWritable(const QString& path)
 {
+    const QFileInfo file(path);
+    QTemporaryFile probe(file.absolutePath() + QStringLiteral("/.pictray-probe-XXXXXX"));
+    if (!probe.open())
+        return probe.errorString();
+    QFile existing(path);
+    if (file.exists() && !existing.open(QIODevice::Append))
+        return existing.errorString();
+    if (QStorageInfo(file.absolutePath()).bytesAvailable() == 0)
+        return QString::fromLocal8Bit(std::strerror(ENOSPC));
+    return QStringLiteral("the file could not be replaced");
 }
 
-SettingsStore::~SettingsStore()
+// QSettings' cache of a file it read goes by size and modification time to
+// the millisecond, so two versions written within one millisecond with the
+// same size would look alike to a process that read the first. Every write
+// therefore moves the time on past the one it replaced.
+void markNewVersion(const QString& path, const QDateTime& replaced)
 {
-    m_settings.sync();
+    QFile file(path);
+    if (!replaced.isValid() || !file.exists() ||
+        file.fileTime(QFile::FileModificationTime) > replaced)
+        return;
+    if (file.open(QIODevice::Append))
+        file.setFileTime(replaced.addMSecs(1), QFile::FileModificationTime);
+}
+
+} // namespace
+
+SettingsStore::SettingsStore(const QString& filePath) : m_filePath(filePath)
+{
+    reload();
+}
+
+SettingsStore::~SettingsStore() = default;
+
+void SettingsStore::reload()
+{
+    m_settings.reset();
+    m_settings = std::make_unique<QSettings>(m_filePath, QSettings::IniFormat);
+    // Only a read of the file reports it; QSettings' cache skips an unchanged file.
+    m_hasUnreadableLine |= m_settings->status() == QSettings::FormatError;
 }
 
 QString SettingsStore::defaultPath()
@@ -116,7 +164,7 @@ QString SettingsStore::defaultPath()
 
 QString SettingsStore::filePath() const
 {
-    return m_settings.fileName();
+    return m_settings->fileName();
 }
 
 void SettingsStore::registerDefaults(const QList<std::pair<QString, QVariant>>& defaults)
@@ -127,24 +175,29 @@ void SettingsStore::registerDefaults(const QList<std::pair<QString, QVariant>>& 
 
 bool SettingsStore::contains(const QString& key) const
 {
-    return m_settings.contains(key);
+    return m_settings->contains(key);
 }
 
 QStringList SettingsStore::userKeys() const
 {
-    return m_settings.allKeys();
+    return m_settings->allKeys();
 }
 
 void SettingsStore::remove(const QString& key)
 {
-    m_settings.remove(key);
+    update([&] { m_settings->remove(key); });
+}
+
+void SettingsStore::set(const QString& key, const QVariant& value)
+{
+    update([&] { m_settings->setValue(key, value); });
 }
 
 template <typename Parse>
 auto SettingsStore::read(const QString& key, Parse parse) const -> decltype(parse(QVariant()))
 {
-    if (m_settings.contains(key)) {
-        if (auto value = parse(m_settings.value(key)))
+    if (m_settings->contains(key)) {
+        if (auto value = parse(m_settings->value(key)))
             return value;
     }
     if (const auto found = m_defaults.constFind(key); found != m_defaults.cend())
@@ -184,34 +237,34 @@ QStringList SettingsStore::stringListValue(const QString& key) const
 
 void SettingsStore::setBool(const QString& key, bool value)
 {
-    m_settings.setValue(key, value);
+    set(key, value);
 }
 
 void SettingsStore::setInt(const QString& key, qint64 value)
 {
-    m_settings.setValue(key, value);
+    set(key, value);
 }
 
 void SettingsStore::setDouble(const QString& key, double value)
 {
-    m_settings.setValue(key, value);
+    set(key, value);
 }
 
 void SettingsStore::setString(const QString& key, const QString& value)
 {
-    m_settings.setValue(key, value);
+    set(key, value);
 }
 
 void SettingsStore::setBytes(const QString& key, const QByteArray& value)
 {
     // QSettings writes an empty array as "@ByteArray()" and reads it back as
     // an empty array, so "no shortcut" survives a restart as present-and-empty.
-    m_settings.setValue(key, value);
+    set(key, value);
 }
 
 void SettingsStore::setStringList(const QString& key, const QStringList& value)
 {
-    m_settings.setValue(key, value);
+    set(key, value);
 }
 
 std::optional<bool> SettingsStore::parseBool(const QString& text)
@@ -239,8 +292,49 @@ std::optional<double> SettingsStore::parseDouble(const QString& text)
     return ok && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
-bool SettingsStore::sync()
+std::optional<QString> SettingsStore::update(const std::function<void()>& change)
 {
-    m_settings.sync();
-    return m_settings.status() == QSettings::NoError;
+    if (m_updating) {
+        change();
+        return std::nullopt;
+    }
+    const QScopedValueRollback updating(m_updating, true);
+    const QString folder = QFileInfo(m_filePath).absolutePath();
+    QDir().mkpath(folder);
+    QString reason;
+    const std::optional<FileLock> lock =
+        FileLock::acquire(m_filePath + QStringLiteral(".writers"), &reason);
+    if (!lock) {
+        m_writeError =
+            QStringLiteral("Cannot write %1: %2").arg(QDir::toNativeSeparators(m_filePath), reason);
+        return m_writeError;
+    }
+    reload();
+    // QSettings drops a line it cannot parse when it writes the file again:
+    // the file as it was is kept beside it first.
+    if (std::exchange(m_hasUnreadableLine, false)) {
+        QFile::remove(m_filePath + QStringLiteral(".damaged"));
+        QFile::copy(m_filePath, m_filePath + QStringLiteral(".damaged"));
+    }
+    const QDateTime replaced = QFileInfo(m_filePath).lastModified();
+    change();
+    m_settings->sync();
+    m_writeError = writeFailure();
+    if (!m_writeError)
+        markNewVersion(m_filePath, replaced);
+    return m_writeError;
+}
+
+std::optional<QString> SettingsStore::writeFailure() const
+{
+    // A malformed line read before is a FormatError, which QSettings' status
+    // keeps in place of a later AccessError; the file is checked as well.
+    const QFileInfo file(m_filePath);
+    const bool refused = m_settings->status() == QSettings::AccessError ||
+                         (file.exists() && !file.isWritable()) ||
+                         !QFileInfo(file.absolutePath()).isWritable();
+    if (!refused)
+        return std::nullopt;
+    return QStringLiteral("Cannot write %1: %2")
+        .arg(QDir::toNativeSeparators(m_filePath), whyNotWritable(m_filePath));
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
+#include <memory>
 #include <optional>
 
 // The user's key-value store: an INI file read and written through QSettings,
@@ -17,8 +19,11 @@
 // registered default when there is one, else the type's empty value (false,
 // 0, 0.0, no string, no bytes, empty list).
 //
-// Changes reach the file at the next pass of the event loop (QSettings'
-// own deferred write), on sync() and on destruction.
+// Several processes share the file (the tray, any number of `pictray`
+// commands), so every change is a read-modify-write under an inter-process
+// lock: update() re-reads the file, applies the change and writes it before
+// letting the next writer in. A single setter is such an update of its own.
+// Reads between updates see the file as it was at the last one.
 class SettingsStore {
 public:
     explicit SettingsStore(const QString& filePath);
@@ -57,8 +62,12 @@ public:
     void setBytes(const QString& key, const QByteArray& value);
     void setStringList(const QString& key, const QStringList& value);
 
-    // Writes pending changes; false when the file could not be written.
-    bool sync();
+    // Runs `change` (which reads and sets through this store) between a fresh
+    // read of the file and the write of the result, under the lock. Nullopt
+    // when written, else why not, naming the file; also kept as writeError().
+    std::optional<QString> update(const std::function<void()>& change);
+    // The outcome of the last write.
+    std::optional<QString> writeError() const { return m_writeError; }
 
     // How stored text is read as a bool ("true"/"false" in any case, "1"/"0"),
     // an integer or a finite double; nullopt when it is none of them.
@@ -72,6 +81,16 @@ private:
     template <typename Parse>
     auto read(const QString& key, Parse parse) const -> decltype(parse(QVariant()));
 
-    mutable QSettings m_settings;
+    void set(const QString& key, const QVariant& value);
+    // Re-reads the file with a fresh QSettings, whose status then says only
+    // what happened since.
+    void reload();
+    std::optional<QString> writeFailure() const;
+
+    QString m_filePath;
+    std::unique_ptr<QSettings> m_settings;
     QHash<QString, QVariant> m_defaults;
+    std::optional<QString> m_writeError;
+    bool m_updating = false;
+    bool m_hasUnreadableLine = false;
 };

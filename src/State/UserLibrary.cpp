@@ -106,51 +106,68 @@ UserLibrary::UserLibrary(SettingsStore& store, const Preferences& preferences,
         m_lastCopy = LastCopy::fromJson(*data);
 }
 
-void UserLibrary::setFavorites(const QStringList& favorites)
+void UserLibrary::changeFavorites(const std::function<QStringList(const QStringList&)>& change)
 {
-    m_favorites = favorites;
+    m_store.update([&] {
+        m_favorites = change(m_store.stringListValue(favoritesKey()));
+        m_store.setStringList(favoritesKey(), m_favorites);
+    });
     emit favoritesChanged();
-    m_store.setStringList(favoritesKey(), m_favorites);
 }
 
-void UserLibrary::setRecents(const QStringList& recents)
+void UserLibrary::changeRecents(const std::function<QStringList(const QStringList&)>& change)
 {
-    m_recents = recents;
+    m_store.update([&] {
+        QStringList recents = change(m_store.stringListValue(recentsKey()));
+        const qint64 limit = std::max<qint64>(0, m_preferences.recentsLimit());
+        if (recents.size() > limit)
+            recents.resize(limit);
+        m_recents = recents;
+        m_store.setStringList(recentsKey(), m_recents);
+    });
     emit recentsChanged();
-    m_store.setStringList(recentsKey(), m_recents);
 }
 
 void UserLibrary::recordCopy(const LastCopy& copy)
 {
     m_lastCopy = copy;
-    emit lastCopyChanged();
     m_store.setBytes(lastCopyKey(), copy.toJson());
-
-    QStringList recents{copy.name};
-    for (const QString& name : std::as_const(m_recents)) {
-        if (name != copy.name)
-            recents.append(name);
-    }
-    const qint64 limit = std::max<qint64>(0, m_preferences.recentsLimit());
-    if (recents.size() > limit)
-        recents.resize(limit);
-    setRecents(recents);
+    emit lastCopyChanged();
+    changeRecents([&](const QStringList& stored) {
+        QStringList recents{copy.name};
+        for (const QString& name : stored) {
+            if (name != copy.name)
+                recents.append(name);
+        }
+        return recents;
+    });
 }
 
 void UserLibrary::toggleFavorite(const QString& name)
 {
-    QStringList favorites = m_favorites;
-    if (const qsizetype index = favorites.indexOf(name); index >= 0)
-        favorites.removeAt(index);
-    else
-        favorites.append(name);
-    setFavorites(favorites);
+    changeFavorites([&](QStringList favorites) {
+        if (const qsizetype index = favorites.indexOf(name); index >= 0)
+            favorites.removeAt(index);
+        else
+            favorites.append(name);
+        return favorites;
+    });
+}
+
+void UserLibrary::setFavorite(const QStringList& names, bool favorite)
+{
+    changeFavorites([&](QStringList favorites) {
+        for (const QString& name : names) {
+            if (favorites.contains(name) != favorite)
+                favorite ? favorites.append(name) : void(favorites.removeAll(name));
+        }
+        return favorites;
+    });
 }
 
 void UserLibrary::trimRecents()
 {
-    const qint64 limit = std::max<qint64>(0, m_preferences.recentsLimit());
-    setRecents(m_recents.mid(0, std::min<qint64>(limit, m_recents.size())));
+    changeRecents([](const QStringList& recents) { return recents; });
 }
 
 QByteArray UserLibrary::exportFavorites() const
@@ -164,7 +181,7 @@ QByteArray UserLibrary::exportFavorites() const
     return QJsonDocument(file).toJson(QJsonDocument::Indented);
 }
 
-std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
+std::optional<QStringList> UserLibrary::importedNames(const QByteArray& data)
 {
     if (data.size() > maxImportBytes)
         return std::nullopt;
@@ -173,21 +190,29 @@ std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
     const QJsonDocument document = QJsonDocument::fromJson(data, &error);
     if (error.error != QJsonParseError::NoError)
         return std::nullopt;
-    const std::optional<QStringList> names = namesIn(document);
+    return namesIn(document);
+}
+
+std::optional<int> UserLibrary::importFavorites(const QByteArray& data)
+{
+    const std::optional<QStringList> names = importedNames(data);
     if (!names)
         return std::nullopt;
 
     // Checked against the favorites as they stood before, not against each
     // other: a name the file lists twice is taken twice.
-    const QSet<QString> before(m_favorites.cbegin(), m_favorites.cend());
-    QStringList taken;
-    for (const QString& name : *names) {
-        if (!before.contains(name) && m_iconExists(name))
-            taken.append(name);
-    }
-    if (!taken.isEmpty())
-        setFavorites(m_favorites + taken);
-    return static_cast<int>(taken.size());
+    qsizetype taken = 0;
+    changeFavorites([&](const QStringList& favorites) {
+        const QSet<QString> before(favorites.cbegin(), favorites.cend());
+        QStringList result = favorites;
+        for (const QString& name : *names) {
+            if (!before.contains(name) && m_iconExists(name))
+                result.append(name);
+        }
+        taken = result.size() - favorites.size();
+        return result;
+    });
+    return static_cast<int>(taken);
 }
 
 QString UserLibrary::importedMessage(int count)
@@ -199,7 +224,13 @@ QString UserLibrary::importedMessage(int count)
 
 QString UserLibrary::notAnExportMessage()
 {
-    return QStringLiteral("That file isn\u2019t an Pictray favorites export.");
+    return QStringLiteral("That file isn\u2019t a Pictray favorites export.");
+}
+
+QString UserLibrary::tooLargeMessage()
+{
+    return QStringLiteral("That file is too large for a Pictray favorites export (over %1 MB).")
+        .arg(maxImportBytes / (qint64(1024) * 1024));
 }
 
 std::optional<QByteArray> UserLibrary::readImportFile(const QString& path, QString* error)
@@ -213,7 +244,7 @@ std::optional<QByteArray> UserLibrary::readImportFile(const QString& path, QStri
     // Read one byte past the limit, which also ends reads of endless devices.
     const QByteArray data = file.read(maxImportBytes + 1);
     if (data.size() > maxImportBytes) {
-        *error = notAnExportMessage();
+        *error = tooLargeMessage();
         return std::nullopt;
     }
     if (file.error() != QFileDevice::NoError) {

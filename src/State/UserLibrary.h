@@ -16,7 +16,9 @@ class SettingsStore;
 // What the user made their own: favorite icons, the icons copied last and the
 // full description of the last copy, all by icon name so they survive a
 // catalogue update. Every change is written to the store at once under
-// "favorites", "recents" and "lastCopy".
+// "favorites", "recents" and "lastCopy", applied to the lists as the store
+// holds them then, so a change another process made meanwhile is kept.
+// Whether a change reached the file: the store's writeError().
 class UserLibrary : public QObject {
     Q_OBJECT
     Q_PROPERTY(QStringList favorites READ favorites NOTIFY favoritesChanged)
@@ -62,6 +64,8 @@ public:
     void recordCopy(const LastCopy& copy);
     // Removes a favorite where it stands, or appends a new one.
     void toggleFavorite(const QString& name);
+    // Appends those of `names` that are not favorites, or removes those that are.
+    void setFavorite(const QStringList& names, bool favorite);
     // Applies a lowered recents limit at once.
     void trimRecents();
 
@@ -73,13 +77,18 @@ public:
     // taken; nullopt, with favorites unchanged, for anything else (not JSON,
     // too large, too deeply nested, a list holding non-strings).
     std::optional<int> importFavorites(const QByteArray& data);
+    // The names an import file lists, in file order; nullopt for anything
+    // importFavorites refuses. Reads nothing else and changes nothing.
+    static std::optional<QStringList> importedNames(const QByteArray& data);
 
     // "Imported 1 new favorite." / "Imported 2 new favorites."
     static QString importedMessage(int count);
-    // "That file isn’t an Pictray favorites export."
+    // "That file isn’t a Pictray favorites export."
     static QString notAnExportMessage();
+    // "That file is too large for a Pictray favorites export (over 4 MB)."
+    static QString tooLargeMessage();
     // An import file's bytes. Nullopt with *error set when it cannot be read,
-    // or, when it is larger than maxImportBytes, to notAnExportMessage().
+    // or, when it is larger than maxImportBytes, to tooLargeMessage().
     static std::optional<QByteArray> readImportFile(const QString& path, QString* error);
     static QString exportFileName() { return QStringLiteral("Pictray Favorites.json"); }
 
@@ -89,8 +98,10 @@ signals:
     void lastCopyChanged();
 
 private:
-    void setFavorites(const QStringList& favorites);
-    void setRecents(const QStringList& recents);
+    // Replaces the stored list with change(stored list), in one update.
+    void changeFavorites(const std::function<QStringList(const QStringList&)>& change);
+    // The same, then cut to the recents limit.
+    void changeRecents(const std::function<QStringList(const QStringList&)>& change);
 
     SettingsStore& m_store;
     const Preferences& m_preferences;

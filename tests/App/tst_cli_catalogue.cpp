@@ -40,6 +40,20 @@ private slots:
                               "categories: 1", "source: downloaded " + path}));
     }
 
+    void infoNamesADamagedDownload()
+    {
+        const PictrayProcess pictray;
+        const QString path = pictray.dataDir() + "/Pictray/tabler-icons.json";
+        writeFile(path, R"({"version":"99.0.0","icons":[{"n":"a"}]})");
+        QStringList lines = pictray.run({"info"}).lines();
+        QCOMPARE(lines.size(), 7);
+        QCOMPARE(lines[5], QStringLiteral("source: shipped"));
+        QVERIFY2(lines[6].startsWith("problem: " + path + " is damaged (") &&
+                     lines[6].endsWith("moved to " + path + ".damaged"),
+                 qPrintable(lines[6]));
+        QCOMPARE(pictray.run({"info"}).lines().size(), 6);
+    }
+
     void searchAndNear()
     {
         const PictrayProcess pictray;
@@ -156,6 +170,9 @@ private slots:
         server.serve(base + "icons.json", R"({"x":{"category":"C"}})");
         server.serve(base + "tabler-nodes-outline.json", R"({"x":[["path",{"d":"M1 1"}]]})");
         server.serve(base + "tabler-nodes-filled.json", "{}");
+        // A one-icon release replaces only a set about as small.
+        writeFile(pictray.dataDir() + "/Pictray/tabler-icons.json",
+                  R"({"version":"99.0.0","icons":[{"n":"a","c":"X","t":[],"o":["M1 1"]}]})");
 
         auto result = pictray.run({"update"});
         QCOMPARE(result.exitCode, 0);

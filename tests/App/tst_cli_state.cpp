@@ -3,7 +3,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using TestData::readFile;
 using TestData::writeFile;
@@ -34,8 +38,8 @@ private slots:
     void prefsSetGetReset()
     {
         const PictrayProcess pictray;
-        QCOMPARE(pictray.run({"prefs", "set", "recentsLimit", "-3"}).exitCode, 0);
-        QCOMPARE(pictray.run({"prefs", "get", "recentsLimit"}).out, "-3\n");
+        QCOMPARE(pictray.run({"prefs", "set", "recentsLimit", "3"}).exitCode, 0);
+        QCOMPARE(pictray.run({"prefs", "get", "recentsLimit"}).out, "3\n");
         QCOMPARE(pictray.run({"prefs", "set", "pickerHotKey", ""}).exitCode, 0);
         QCOMPARE(pictray.run({"prefs", "get", "pickerHotKey"}).out, "\n");
         QVERIFY(readFile(settingsFile(pictray)).contains("pickerHotKey=@ByteArray()"));
@@ -55,6 +59,8 @@ private slots:
         QTest::addColumn<QByteArray>("message");
         QTest::newRow("not a number") << QStringList{"set", "recentsLimit", "abc"} << 1
                                       << QByteArray("expected a whole number");
+        QTest::newRow("out of range") << QStringList{"set", "defaultSize", "-5"} << 1
+                                      << QByteArray("expected a whole number from 1 to 4096");
         QTest::newRow("unknown key")
             << QStringList{"get", "colour"} << 2 << QByteArray("unknown setting 'colour'");
         QTest::newRow("missing value")
@@ -105,9 +111,104 @@ private slots:
             const auto result = pictray.run({"favorites", "import", path});
             QCOMPARE(result.exitCode, 1);
             QCOMPARE(QString::fromUtf8(result.err),
-                     QString::fromUtf8("pictray: That file isn’t an Pictray favorites export.\n"));
+                     QString::fromUtf8(
+                         path == file ? "pictray: That file isn’t a Pictray favorites export.\n"
+                                      : "pictray: That file is too large for a Pictray "
+                                        "favorites export (over 4 MB).\n"));
         }
         QVERIFY(pictray.run({"favorites"}).out.isEmpty());
+    }
+
+    // Each writer changes the list as the file holds it when its turn comes,
+    // so no process overwrites another's favorite with an older list.
+    void parallelWritersKeepEveryFavorite()
+    {
+        const PictrayProcess pictray;
+        const QStringList names = pictray.run({"search", "arrow"}).lines().mid(0, 50);
+        QCOMPARE(names.size(), 50);
+        std::vector<std::unique_ptr<QProcess>> writers;
+        for (const QString& name : names)
+            writers.push_back(pictray.start({"favorites", "add", name}));
+        for (const auto& writer : writers) {
+            QTRY_COMPARE_WITH_TIMEOUT(writer->state(), QProcess::NotRunning, 60000);
+            QCOMPARE(writer->exitCode(), 0);
+        }
+        QStringList favorites = pictray.run({"favorites", "list"}).lines();
+        QCOMPARE(favorites.size(), 50);
+        favorites.sort();
+        QStringList expected = names;
+        expected.sort();
+        QCOMPARE(favorites, expected);
+    }
+
+    // A failed write says so with the system's reason and claims nothing else.
+    void writeFailuresAreReported()
+    {
+        PictrayProcess pictray;
+        const QString notAFolder = pictray.dataDir() + "/file";
+        writeFile(notAFolder, "x");
+        pictray.environment().insert("XDG_CONFIG_HOME", notAFolder);
+        for (const QStringList& args :
+             {QStringList{"favorites", "add", "home"}, QStringList{"favorites", "import", "-"}}) {
+            const auto result = pictray.run(args, R"(["home"])");
+            QCOMPARE(result.exitCode, 1);
+            QVERIFY2(result.err.contains(": Not a directory"), result.err.constData());
+            QVERIFY(result.out.isEmpty());
+        }
+    }
+
+    void aMalformedSettingsLineDoesNotFailWrites()
+    {
+        const PictrayProcess pictray;
+        writeFile(settingsFile(pictray), "[General]\nfavorites=star\n[unterminated\n");
+        const auto result = pictray.run({"favorites", "add", "home"});
+        QVERIFY2(result.err.isEmpty(), result.err.constData());
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(pictray.run({"favorites"}).lines(), (QStringList{"star", "home"}));
+        QCOMPARE(readFile(settingsFile(pictray) + ".damaged"),
+                 "[General]\nfavorites=star\n[unterminated\n");
+    }
+
+    // Replacing is for regular files: a device or a FIFO at the output path
+    // is written in place and stays what it was.
+    void exportsWriteDevicesInPlace_data()
+    {
+        QTest::addColumn<QStringList>("args");
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("favorites") << QStringList{"favorites", "export"} << QByteArray("\"app\"");
+        QTest::newRow("icon") << QStringList{"export", "home", "-o"} << QByteArray("<svg");
+    }
+    void exportsWriteDevicesInPlace()
+    {
+        QFETCH(QStringList, args);
+        QFETCH(QByteArray, content);
+        const PictrayProcess pictray;
+        QDir().mkpath(pictray.configDir());
+
+        const QString fifo = pictray.configDir() + "/fifo";
+        QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+        // Open for reading first, so the writer neither blocks nor fails;
+        // the export fits the pipe's buffer.
+        const int reader = ::open(QFile::encodeName(fifo).constData(), O_RDONLY | O_NONBLOCK);
+        QVERIFY(reader >= 0);
+        QCOMPARE(pictray.run(args + QStringList{fifo}).exitCode, 0);
+        QByteArray received(65536, '\0');
+        const auto size = ::read(reader, received.data(), received.size());
+        ::close(reader);
+        QVERIFY(size > 0 && received.left(size).contains(content));
+        QVERIFY(QFileInfo(fifo).exists() && !QFileInfo(fifo).isFile());
+    }
+
+    void exportToAFullStandardOutputFails()
+    {
+        PictrayProcess pictray;
+        QProcess process;
+        process.setProcessEnvironment(pictray.environment());
+        process.setStandardOutputFile("/dev/full");
+        process.start(qEnvironmentVariable("PICTRAY_BINARY"), {"favorites", "export", "-"});
+        QTRY_COMPARE(process.state(), QProcess::NotRunning);
+        QCOMPARE(process.exitCode(), 1);
+        QVERIFY(process.readAllStandardError().contains("No space left on device"));
     }
 
     void recentsFollowTheLimit()

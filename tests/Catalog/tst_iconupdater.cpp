@@ -189,12 +189,16 @@ private slots:
                                                 << "has no version";
         QTest::newRow("implausible version") << "badVersion"
                                              << "unusable version";
+        QTest::newRow("both node files empty") << "emptyNodes"
+                                               << "release 3.10.0 looks damaged (0 icons).";
+        QTest::newRow("redirect to another host") << "redirectAway"
+                                                  << "which is not the same server";
         QTest::newRow("metadata of the wrong shape") << "badMeta"
                                                      << "is damaged";
         QTest::newRow("missing file") << "file404"
                                       << "answered 404";
         QTest::newRow("connection refused") << "refused"
-                                            << "";
+                                            << "Connection refused (http://127.0.0.1:";
     }
     void failuresChangeNothing()
     {
@@ -207,6 +211,12 @@ private slots:
             m_server->serve(QStringLiteral("/latest"), "{\"name\": \"@tabler/icons\"}");
         else if (problem == u"badVersion")
             m_server->serve(QStringLiteral("/latest"), "{\"version\": \"../../x\"}");
+        else if (problem == u"emptyNodes")
+            serveRelease(QStringLiteral("3.10.0"), metadata, "{}", "{}");
+        else if (problem == u"redirectAway")
+            m_server->redirect(QStringLiteral("/latest"),
+                               "http://localhost:" + QByteArray::number(m_server->url().port()) +
+                                   "/elsewhere");
         else if (problem == u"badMeta")
             serveRelease(QStringLiteral("3.10.0"), "[1, 2]");
         else if (problem == u"file404")
@@ -226,6 +236,48 @@ private slots:
                  qPrintable(m_updater->statusText()));
         QVERIFY2(m_updater->statusText().contains(message), qPrintable(m_updater->statusText()));
         expectUnchanged();
+    }
+
+    void aReleaseFarSmallerThanTheLoadedSetIsRefused()
+    {
+        std::vector<PackageConverter::OutEntry> icons;
+        for (const char* name : {"a", "b", "c", "d", "e"})
+            icons.push_back({QString::fromLatin1(name), {}, {}, PathList{"M1 1"}, {}});
+        const QString shipped = m_dir.filePath(QStringLiteral("five.json"));
+        QFile file(shipped);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(PackageConverter::OutFile{QStringLiteral("3.9.2"), icons}.encode());
+        file.close();
+        m_library = std::make_unique<IconLibrary>(IconLibrary::Sources{shipped, downloaded()});
+        m_updater = std::make_unique<IconUpdater>(*m_library);
+        serveRelease(QStringLiteral("3.10.0"));
+        check();
+        QCOMPARE(m_updater->statusText(),
+                 QStringLiteral("Couldn\u2019t update: release 3.10.0 looks damaged (2 icons)."));
+        QCOMPARE(m_library->iconCount(), 5);
+        QVERIFY(!QFile::exists(downloaded()));
+    }
+
+    // The whole check has a deadline, however slowly the server trickles.
+    void aSilentServerMeetsTheDeadline()
+    {
+        m_server->serve(QStringLiteral("/latest"), FixtureHttpServer::Response{0, {}});
+        m_updater->setDeadline(std::chrono::milliseconds(300));
+        check();
+        QCOMPARE(m_updater->state().kind, Kind::failed);
+        QVERIFY2(m_updater->statusText().contains(u"waiting for an answer from "_qs +
+                                                  m_server->url(u"/latest"_qs).toDisplayString()),
+                 qPrintable(m_updater->statusText()));
+        expectUnchanged();
+    }
+
+    void aRedirectOnTheSameServerIsFollowed()
+    {
+        serveRelease(QStringLiteral("3.9.2"));
+        m_server->serve(QStringLiteral("/moved"), "{\"version\": \"3.9.2\"}");
+        m_server->redirect(QStringLiteral("/latest"), m_server->url(u"/moved"_qs).toEncoded());
+        check();
+        QCOMPARE(m_updater->state().kind, Kind::upToDate);
     }
 };
 

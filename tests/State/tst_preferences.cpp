@@ -67,7 +67,7 @@ private slots:
             registered += store->registeredDefault(key).isValid();
         QCOMPARE(registered, 27);
         QVERIFY(!store->registeredDefault(u"hasCompletedOnboarding"_qs).isValid());
-        QVERIFY(store->sync());
+        QCOMPARE(store->writeError(), std::nullopt);
         QVERIFY(store->userKeys().isEmpty());
     }
 
@@ -148,6 +148,22 @@ private slots:
         QCOMPARE(preferences.bladePrefix(), u"x-tabler-"_qs);
     }
 
+    // Numbers out of range in the file read as the nearer end, and so does
+    // a value assigned in code.
+    void numbersAreKeptInRange()
+    {
+        auto store = files.withText("[General]\nrecentsLimit=100000\ndefaultStroke=-2\n"
+                                    "defaultSize=-5\npngPadding=99999999999\n");
+        Preferences preferences(*store);
+        QCOMPARE(preferences.recentsLimit(), 500);
+        QCOMPARE(preferences.defaultStroke(), 0.1);
+        QCOMPARE(preferences.defaultSize(), 1);
+        QCOMPARE(preferences.pngPadding(), 1024);
+        preferences.setDefaultSize(5000);
+        QCOMPARE(preferences.defaultSize(), 4096);
+        QCOMPARE(store->intValue(u"defaultSize"_qs), 4096);
+    }
+
     void shortcutsAcrossRelaunches()
     {
         auto store = files.fresh();
@@ -180,7 +196,7 @@ private slots:
         QCOMPARE(appearance.count(), 1);
         QCOMPARE(picker.count(), 1);
         QCOMPARE(store->stringValue(u"appearance"_qs), u"system"_qs);
-        QVERIFY(store->sync());
+        QCOMPARE(store->writeError(), std::nullopt);
         auto keys = store->userKeys();
         keys.sort();
         QCOMPARE(keys, (QStringList{u"appearance"_qs, u"pickerHotKey"_qs, u"recentsLimit"_qs}));
@@ -207,7 +223,12 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<std::optional<QString>>("reads");
         const std::optional<QString> refused;
-        QTest::newRow("int") << u"recentsLimit"_qs << u"-3"_qs << std::optional(u"-3"_qs);
+        QTest::newRow("int") << u"recentsLimit"_qs << u"500"_qs << std::optional(u"500"_qs);
+        QTest::newRow("int, below its range") << u"recentsLimit"_qs << u"-3"_qs << refused;
+        QTest::newRow("size, negative") << u"defaultSize"_qs << u"-5"_qs << refused;
+        QTest::newRow("size, too large") << u"defaultSize"_qs << u"4097"_qs << refused;
+        QTest::newRow("padding, negative") << u"pngPadding"_qs << u"-1"_qs << refused;
+        QTest::newRow("stroke, zero") << u"defaultStroke"_qs << u"0"_qs << refused;
         QTest::newRow("int, not a number") << u"recentsLimit"_qs << u"abc"_qs << refused;
         QTest::newRow("int, fraction") << u"defaultSize"_qs << u"2.5"_qs << refused;
         QTest::newRow("double") << u"defaultStroke"_qs << u"1.75"_qs << std::optional(u"1.75"_qs);

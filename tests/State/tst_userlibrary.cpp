@@ -166,11 +166,30 @@ private slots:
             std::nullopt);
     }
 
+    // The running tray and a command share the file: a change from either
+    // applies to the list the file holds, never to a list read earlier.
+    void changesApplyToTheStoredLists()
+    {
+        SettingsStore otherStore(store->filePath());
+        Preferences otherPreferences(otherStore);
+        UserLibrary other(otherStore, otherPreferences, [](const QString&) { return true; });
+        other.toggleFavorite(u"star"_qs);
+        other.recordCopy(copyOf(u"bell"_qs));
+
+        library->toggleFavorite(u"home"_qs);
+        QCOMPARE(library->importFavorites(R"(["star", "user"])"), 1);
+        copy({u"heart"_qs});
+        QCOMPARE(library->favorites(), (QStringList{u"star"_qs, u"home"_qs, u"user"_qs}));
+        QCOMPARE(library->recents(), (QStringList{u"heart"_qs, u"bell"_qs}));
+        relaunch();
+        QCOMPARE(library->favorites(), (QStringList{u"star"_qs, u"home"_qs, u"user"_qs}));
+    }
+
     void importAndExportFiles()
     {
         QString error;
         QCOMPARE(UserLibrary::readImportFile(u"/dev/zero"_qs, &error), std::nullopt);
-        QCOMPARE(error, UserLibrary::notAnExportMessage());
+        QCOMPARE(error, UserLibrary::tooLargeMessage());
         QCOMPARE(UserLibrary::readImportFile(files.path(u"missing.json"_qs), &error), std::nullopt);
         QVERIFY(error.contains(u"missing.json"));
 

@@ -24,6 +24,12 @@ void FixtureHttpServer::serve(const QString& path, Response response)
     m_responses.insert(path, std::move(response));
 }
 
+void FixtureHttpServer::redirect(const QString& path, const QByteArray& location)
+{
+    m_responses.insert(path, Response{302, {}});
+    m_redirects.insert(path, location);
+}
+
 void FixtureHttpServer::answer(QTcpSocket* socket)
 {
     // Requests are small GETs: wait for the end of the header block.
@@ -38,7 +44,11 @@ void FixtureHttpServer::answer(QTcpSocket* socket)
     m_requests.append(path);
     const Response response =
         m_responses.value(path, Response{404, QByteArrayLiteral("not found")});
+    if (response.status == 0)
+        return;
     QByteArray reply = "HTTP/1.1 " + QByteArray::number(response.status) + " Fixture\r\n";
+    if (const auto location = m_redirects.constFind(path); location != m_redirects.cend())
+        reply += "Location: " + *location + "\r\n";
     reply += "Content-Type: application/json\r\nConnection: close\r\nContent-Length: " +
              QByteArray::number(response.body.size()) + "\r\n\r\n" + response.body;
     socket->write(reply);

@@ -12,6 +12,7 @@ class FixtureHttpServer : public QObject {
     Q_OBJECT
 
 public:
+    // Status 0 never answers.
     struct Response {
         int status = 200;
         QByteArray body;
@@ -22,6 +23,8 @@ public:
     QUrl url(const QString& path = {}) const;
     void serve(const QString& path, Response response);
     void serve(const QString& path, const QByteArray& body) { serve(path, Response{200, body}); }
+    // Answers `path` with a 302 to `location`.
+    void redirect(const QString& path, const QByteArray& location);
     // Every path requested so far, in order.
     const QStringList& requests() const { return m_requests; }
 
@@ -30,5 +33,6 @@ private:
 
     QTcpServer m_server;
     QHash<QString, Response> m_responses;
+    QHash<QString, QByteArray> m_redirects;
     QStringList m_requests;
 };

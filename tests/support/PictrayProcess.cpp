@@ -1,7 +1,6 @@
 #include "PictrayProcess.h"
 
 #include <QEventLoop>
-#include <QProcess>
 #include <QTimer>
 
 QStringList PictrayProcess::Result::lines() const
@@ -40,4 +39,12 @@ PictrayProcess::Result PictrayProcess::run(const QStringList& args, const QByteA
     result.out = process.readAllStandardOutput();
     result.err = process.readAllStandardError();
     return result;
+}
+
+std::unique_ptr<QProcess> PictrayProcess::start(const QStringList& args) const
+{
+    auto process = std::make_unique<QProcess>();
+    process->setProcessEnvironment(m_environment);
+    process->start(qEnvironmentVariable("PICTRAY_BINARY"), args);
+    return process;
 }

@@ -29,6 +29,8 @@ int info(const QStringList& args, Io& io)
                : shipped                      ? QStringLiteral("shipped")
                          : QStringLiteral("downloaded ") + library.loadedPath())
            << '\n';
+    if (!library.loadProblem().isEmpty())
+        io.out << "problem: " << library.loadProblem() << '\n';
     return Status::ok;
 }
 

@@ -2,13 +2,16 @@
 #include "Commands.h"
 #include "Export/IconExport.h"
 #include "Export/SnippetBuilder.h"
+#include "State/AtomicFile.h"
+#include "State/PreferenceRanges.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 
 #include <QCommandLineParser>
 #include <QFile>
-#include <QSaveFile>
 #include <QTemporaryDir>
+#include <cerrno>
+#include <cstring>
 
 namespace Cli {
 namespace {
@@ -50,13 +53,6 @@ private:
     std::unique_ptr<Preferences> m_preferences;
 };
 
-std::optional<int> wholeNumber(const QString& text, int min, int max)
-{
-    bool ok = false;
-    const int value = text.toInt(&ok);
-    return ok && value >= min && value <= max ? std::optional(value) : std::nullopt;
-}
-
 int unknownIcon(const QString& name, Io& io)
 {
     io.err << "pictray: there is no icon named '" << name << "'";
@@ -77,15 +73,19 @@ bool writeOutput(const QByteArray& bytes, const QString& path, Io& io)
 {
     if (path.isEmpty()) {
         io.out.flush();
-        return std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()),
-                           io.stdoutFile) == static_cast<size_t>(bytes.size()) &&
-               std::fflush(io.stdoutFile) == 0;
+        if (std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), io.stdoutFile) ==
+                static_cast<size_t>(bytes.size()) &&
+            std::fflush(io.stdoutFile) == 0)
+            return true;
+        io.err << "pictray: cannot write standard output: "
+               << QString::fromLocal8Bit(std::strerror(errno)) << '\n';
+        return false;
     }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    io.err << "pictray: cannot write " << path << ": " << file.errorString() << '\n';
-    return false;
+    if (const auto error = writeFileAtomically(path, bytes)) {
+        io.err << "pictray: " << *error << '\n';
+        return false;
+    }
+    return true;
 }
 
 int exportIcon(const QStringList& args, Io& io)
@@ -123,17 +123,21 @@ int exportIcon(const QStringList& args, Io& io)
         style = fromRawValue<IconStyle>(parser.value(QStringLiteral("style")));
     if (!style)
         return usageError(io, QStringLiteral("--style takes outline or filled"));
+    using PreferenceRanges::iconSize;
     const auto size = parser.isSet(QStringLiteral("size"))
-                          ? wholeNumber(parser.value(QStringLiteral("size")), 1, 4096)
-                          : std::optional(static_cast<int>(
-                                std::clamp<qint64>(preferences.defaultSize(), -100'000, 100'000)));
-    if (!size)
-        return usageError(io, QStringLiteral("--size takes a whole number from 1 to 4096"));
+                          ? SettingsStore::parseInt(parser.value(QStringLiteral("size")))
+                          : std::optional(preferences.defaultSize());
+    if (!size || !iconSize.contains(double(*size)))
+        return usageError(io, QStringLiteral("--size takes a whole number from %1 to %2")
+                                  .arg(iconSize.min)
+                                  .arg(iconSize.max));
     double stroke = preferences.defaultStroke();
     if (parser.isSet(QStringLiteral("stroke"))) {
         const auto parsed = SettingsStore::parseDouble(parser.value(QStringLiteral("stroke")));
-        if (!parsed || *parsed <= 0 || *parsed > 100)
-            return usageError(io, QStringLiteral("--stroke takes a number above 0, up to 100"));
+        if (!parsed || !PreferenceRanges::stroke.contains(*parsed))
+            return usageError(io, QStringLiteral("--stroke takes a number from %1 to %2")
+                                      .arg(PreferenceRanges::stroke.min)
+                                      .arg(PreferenceRanges::stroke.max));
         stroke = *parsed;
     }
 
@@ -147,7 +151,7 @@ int exportIcon(const QStringList& args, Io& io)
     // Like a copy with the defaults: a filled request for an icon without a
     // filled form is an outline export.
     item.style = icon.has(*style) ? *style : IconStyle::outline;
-    item.size = *size;
+    item.size = static_cast<int>(*size);
     item.stroke = stroke;
     item.color = parser.isSet(QStringLiteral("color")) ? parser.value(QStringLiteral("color"))
                                                        : preferences.defaultColor();

@@ -1,5 +1,4 @@
 #include "Commands.h"
-#include "State/AtomicFile.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
 #include "State/UserLibrary.h"
@@ -9,14 +8,14 @@
 namespace Cli {
 namespace {
 
-int saved(Io& io)
+// Whether the last change reached the settings file; says why not when it did not.
+bool saved(Io& io)
 {
-    SettingsStore& store = Preferences::shared().store();
-    if (!store.sync()) {
-        io.err << "pictray: cannot write " << store.filePath() << '\n';
-        return Status::failure;
+    if (const auto error = Preferences::shared().store().writeError()) {
+        io.err << "pictray: " << *error << '\n';
+        return false;
     }
-    return Status::ok;
+    return true;
 }
 
 // Every name must be an icon of the catalogue, except that a favorite the
@@ -36,16 +35,7 @@ bool checkNames(const QStringList& names, bool removing, Io& io)
 int exportTo(const QString& path, Io& io)
 {
     const QByteArray data = UserLibrary::shared().exportFavorites();
-    if (path == u"-") {
-        io.out.flush();
-        std::fwrite(data.constData(), 1, data.size(), io.stdoutFile);
-        return Status::ok;
-    }
-    if (const auto error = writeFileAtomically(path, data)) {
-        io.err << "pictray: " << *error << '\n';
-        return Status::failure;
-    }
-    return Status::ok;
+    return writeOutput(data, path == u"-" ? QString() : path, io) ? Status::ok : Status::failure;
 }
 
 std::optional<QByteArray> readStandardInput(QString* error)
@@ -57,7 +47,7 @@ std::optional<QByteArray> readStandardInput(QString* error)
     }
     const QByteArray data = input.read(UserLibrary::maxImportBytes + 1);
     if (data.size() > UserLibrary::maxImportBytes) {
-        *error = UserLibrary::notAnExportMessage();
+        *error = UserLibrary::tooLargeMessage();
         return std::nullopt;
     }
     return data;
@@ -77,8 +67,10 @@ int importFrom(const QString& path, Io& io)
         io.err << "pictray: " << UserLibrary::notAnExportMessage() << '\n';
         return Status::failure;
     }
+    if (!saved(io))
+        return Status::failure;
     io.out << UserLibrary::importedMessage(*added) << '\n';
-    return saved(io);
+    return Status::ok;
 }
 
 } // namespace
@@ -98,11 +90,8 @@ int favorites(const QStringList& args, Io& io)
         const bool adding = action == u"add";
         if (!checkNames(operands, !adding, io))
             return Status::failure;
-        for (const QString& name : operands) {
-            if (library.isFavorite(name) != adding)
-                library.toggleFavorite(name);
-        }
-        return saved(io);
+        library.setFavorite(operands, adding);
+        return saved(io) ? Status::ok : Status::failure;
     }
     if (action == u"export" && operands.size() == 1)
         return exportTo(operands[0], io);

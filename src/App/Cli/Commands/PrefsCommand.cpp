@@ -20,9 +20,8 @@ int saved(Preferences& preferences, const QString& key, Io& io)
     // The running program trims the recents when the limit changes; so does this.
     if (key == u"recentsLimit")
         UserLibrary::shared().trimRecents();
-    SettingsStore& store = preferences.store();
-    if (!store.sync()) {
-        io.err << "pictray: cannot write " << store.filePath() << '\n';
+    if (const auto error = preferences.store().writeError()) {
+        io.err << "pictray: " << *error << '\n';
         return Status::failure;
     }
     return Status::ok;
