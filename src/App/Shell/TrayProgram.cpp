@@ -2,6 +2,7 @@
 
 #include "App/Instance/SingleInstance.h"
 #include "AppWindows/WindowManager.h"
+#include "Export/DragFolder.h"
 #include "Application.h"
 #include "StartupTrace.h"
 
@@ -42,6 +43,7 @@ int runTray(int argc, char* argv[])
     SingleInstance instance;
     if (!instance.acquire())
         return askRunningInstanceToReopen(argc, argv, instance.serverName());
+    DragFolder::removeOldFiles(); // only the instance that runs owns them
 
     WindowManager::chooseControlsStyle();
     // The software scene graph: a panel of flat icons gains nothing from the
