@@ -1,5 +1,7 @@
 #include "SingleInstance.h"
 
+#include "Base/PrivateFolder.h"
+#include "PeerUser.h"
 #include "State/SettingsStore.h"
 
 #include <QCryptographicHash>
@@ -12,14 +14,33 @@ namespace {
 
 // A request is one short line; anything longer is not ours.
 constexpr qint64 maxLineBytes = 256;
+// An answer is one line with a message for the user.
+constexpr qint64 maxReplyBytes = 4096;
+
+void drop(QLocalSocket* socket)
+{
+    socket->abort();
+    socket->deleteLater();
+}
 
 } // namespace
 
-QString SingleInstance::defaultServerName()
+std::optional<QString> SingleInstance::defaultServerName(QString* problem)
 {
     QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (folder.isEmpty() || !QFileInfo(folder).isDir())
-        folder = QDir::tempPath();
+    if (folder.isEmpty() || !QDir::isAbsolutePath(folder) || !PrivateFolder::isPrivate(folder)) {
+        // A name others can predict: only a folder that is ours alone keeps
+        // them from listening there first or planting the lock.
+        folder = QDir::tempPath() + QStringLiteral("/pictray-%1").arg(::getuid());
+        if (!PrivateFolder::claim(folder)) {
+            if (problem)
+                *problem = QStringLiteral(
+                               "%1 is not a folder only you can enter (your own, mode 0700, not a "
+                               "link). Remove it, or set XDG_RUNTIME_DIR to a private folder.")
+                               .arg(folder);
+            return std::nullopt;
+        }
+    }
     const QByteArray settingsHash =
         QCryptographicHash::hash(SettingsStore::defaultPath().toUtf8(), QCryptographicHash::Sha1)
             .toHex()
@@ -34,7 +55,7 @@ SingleInstance::SingleInstance(QString serverName, QObject* parent)
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* socket = m_server.nextPendingConnection())
-            serve(socket);
+            accept(socket);
     });
 }
 
@@ -68,6 +89,15 @@ bool SingleInstance::listen(Handler handler)
     return true;
 }
 
+void SingleInstance::accept(QLocalSocket* socket)
+{
+    if (!PeerUser::isThisUser(*socket)) {
+        drop(socket);
+        return;
+    }
+    serve(socket);
+}
+
 void SingleInstance::serve(QLocalSocket* socket)
 {
     connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
@@ -95,12 +125,14 @@ SingleInstance::SendResult SingleInstance::send(const QString& serverName,
     socket.connectToServer(serverName);
     if (!socket.waitForConnected(timeoutMs))
         return SendResult::notRunning;
+    if (!PeerUser::isThisUser(socket))
+        return SendResult::notOurs;
     socket.write(request.encode());
     if (!socket.waitForBytesWritten(timeoutMs))
         return SendResult::noAnswer;
     QByteArray line;
-    while (true) {
-        line += socket.readAll();
+    while (line.size() <= maxReplyBytes) {
+        line += socket.read(maxReplyBytes + 1 - line.size());
         if (line.endsWith('\n') || !socket.waitForReadyRead(timeoutMs))
             break;
     }

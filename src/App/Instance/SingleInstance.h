@@ -7,22 +7,27 @@
 #include <QObject>
 #include <functional>
 #include <memory>
+#include <optional>
 
 // One tray instance per user and settings file. The instance that takes the
 // lock listens on a local socket; every other `pictray` process is a client
-// that sends one request and waits for the answer.
+// that sends one request and waits for the answer. Socket and lock live in a
+// folder only this user can enter, and each end checks that the other runs as
+// this user, so no other account can answer in the tray's place.
 class SingleInstance : public QObject {
     Q_OBJECT
 
 public:
     using Handler = std::function<InstanceReply(const InstanceRequest&)>;
 
-    // The socket's path: in $XDG_RUNTIME_DIR (else the temporary folder),
-    // named after the user and the settings file, so instances with their
-    // own settings (tests, a second profile) do not meet.
-    static QString defaultServerName();
+    // The socket's path: in $XDG_RUNTIME_DIR when that is private, else in
+    // a folder "pictray-<uid>" of the temporary folder made for this user;
+    // named after the settings file, so instances with their own settings
+    // (tests, a second profile) do not meet. Nothing, with the reason for
+    // the user in *problem, when that folder is not this user's alone.
+    static std::optional<QString> defaultServerName(QString* problem = nullptr);
 
-    explicit SingleInstance(QString serverName = defaultServerName(), QObject* parent = nullptr);
+    explicit SingleInstance(QString serverName, QObject* parent = nullptr);
     ~SingleInstance() override;
 
     // Takes the per-user lock; false when another live instance holds it.
@@ -33,13 +38,15 @@ public:
     bool listen(Handler handler);
     QString serverName() const { return m_serverName; }
 
-    enum class SendResult { answered, notRunning, noAnswer };
+    // notOurs: whatever listens there runs as another user; it is told nothing.
+    enum class SendResult { answered, notRunning, noAnswer, notOurs };
     // Sends one request to the instance listening on serverName. Blocking;
     // needs no event loop.
     static SendResult send(const QString& serverName, const InstanceRequest& request,
                            InstanceReply* reply, int timeoutMs = 3000);
 
 private:
+    void accept(QLocalSocket* socket);
     void serve(QLocalSocket* socket);
 
     QString m_serverName;
