@@ -272,6 +272,57 @@ private slots:
         QCOMPARE(handled, 0);
     }
 
+    // Connections that say nothing cannot use up the instance: they are
+    // dropped after the idle time, and past the cap the oldest goes.
+    void silentConnectionsAreDropped_data()
+    {
+        QTest::addColumn<int>("idleMs");
+        QTest::addColumn<int>("cap");
+        QTest::addColumn<int>("left"); // connections still open before the idle time ends
+        QTest::newRow("idle time") << 20 << 100 << 0;
+        QTest::newRow("cap") << 3'600'000 << 4 << 4;
+    }
+    void silentConnectionsAreDropped()
+    {
+        QFETCH(int, idleMs);
+        QFETCH(int, cap);
+        QFETCH(int, left);
+        QTemporaryDir dir;
+        const QString name = dir.filePath("pictray.socket");
+        SingleInstance instance(name);
+        instance.setLimits({std::chrono::milliseconds(idleMs), cap, std::chrono::hours(1)});
+        QVERIFY(instance.listen([](const InstanceRequest&) { return InstanceReply{}; }));
+        std::vector<std::unique_ptr<QLocalSocket>> silent;
+        for (int i = 0; i < 10; ++i) {
+            silent.push_back(std::make_unique<QLocalSocket>());
+            silent.back()->connectToServer(name);
+        }
+        const auto stillOpen = [&] {
+            return std::ranges::count_if(silent, [](const auto& socket) {
+                return socket->state() == QLocalSocket::ConnectedState;
+            });
+        };
+        QTRY_COMPARE(stillOpen(), left);
+        QTRY_COMPARE(instance.openConnections(), left);
+        auto result = sendAsync(name, {}, nullptr);
+        QTRY_VERIFY(ready(result));
+        QCOMPARE(result.get(), SingleInstance::SendResult::answered);
+    }
+
+    void listensAgainWhenTheSocketGoes()
+    {
+        QTemporaryDir dir;
+        const QString name = dir.filePath("pictray.socket");
+        SingleInstance instance(name);
+        instance.setLimits({std::chrono::seconds(1), 32, std::chrono::milliseconds(10)});
+        QVERIFY(instance.listen([](const InstanceRequest&) { return InstanceReply{}; }));
+        QVERIFY(QFile::remove(name)); // as a cleaner of the temporary folder would
+        QTRY_VERIFY(QFile::exists(name));
+        auto result = sendAsync(name, {}, nullptr);
+        QTRY_VERIFY(ready(result));
+        QCOMPARE(result.get(), SingleInstance::SendResult::answered);
+    }
+
     void commandsNeedARunningInstance_data()
     {
         QTest::addColumn<QStringList>("args");

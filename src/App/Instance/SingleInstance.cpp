@@ -57,11 +57,19 @@ SingleInstance::SingleInstance(QString serverName, QObject* parent)
         while (QLocalSocket* socket = m_server.nextPendingConnection())
             accept(socket);
     });
+    connect(&m_recheck, &QTimer::timeout, this, &SingleInstance::keepListening);
 }
 
 SingleInstance::~SingleInstance()
 {
     m_server.close();
+}
+
+void SingleInstance::setLimits(const Limits& limits)
+{
+    m_limits = limits;
+    if (m_recheck.isActive())
+        m_recheck.start(m_limits.recheck);
 }
 
 bool SingleInstance::acquire()
@@ -80,13 +88,28 @@ bool SingleInstance::acquire()
 
 bool SingleInstance::listen(Handler handler)
 {
-    if (!acquire())
-        return false;
-    QLocalServer::removeServer(m_serverName); // left behind by a crash
-    if (!m_server.listen(m_serverName))
+    if (!acquire() || !startListening())
         return false;
     m_handler = std::move(handler);
+    m_recheck.start(m_limits.recheck);
     return true;
+}
+
+bool SingleInstance::startListening()
+{
+    QLocalServer::removeServer(m_serverName); // left behind by a crash
+    return m_server.listen(m_serverName);
+}
+
+// Qt closes the server for good when accepting fails (out of file
+// descriptors), and a cleaner of the temporary folder may remove the socket:
+// either would leave `pictray toggle` saying the tray is not running.
+void SingleInstance::keepListening()
+{
+    if (m_server.isListening() && QFileInfo::exists(m_server.fullServerName()))
+        return;
+    m_server.close();
+    startListening();
 }
 
 void SingleInstance::accept(QLocalSocket* socket)
@@ -95,6 +118,14 @@ void SingleInstance::accept(QLocalSocket* socket)
         drop(socket);
         return;
     }
+    if (m_connections.size() >= m_limits.maxConnections)
+        drop(m_connections.takeFirst());
+    m_connections.append(socket);
+    connect(socket, &QObject::destroyed, this, [this, socket] { m_connections.removeOne(socket); });
+    auto* idle = new QTimer(socket);
+    idle->setSingleShot(true);
+    connect(idle, &QTimer::timeout, socket, [socket] { drop(socket); });
+    idle->start(m_limits.idleTimeout);
     serve(socket);
 }
 

@@ -5,6 +5,8 @@
 #include <QLocalServer>
 #include <QLockFile>
 #include <QObject>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -27,9 +29,20 @@ public:
     // the user in *problem, when that folder is not this user's alone.
     static std::optional<QString> defaultServerName(QString* problem = nullptr);
 
+    // What a connection may cost the running instance. A client sends its
+    // line at once, so one that stays silent for idleTimeout is dropped; past
+    // maxConnections the oldest is. Every recheck the socket is listened on
+    // again if it stopped working or its file went away.
+    struct Limits {
+        std::chrono::milliseconds idleTimeout{1000};
+        int maxConnections = 32;
+        std::chrono::milliseconds recheck{1000};
+    };
+
     explicit SingleInstance(QString serverName, QObject* parent = nullptr);
     ~SingleInstance() override;
 
+    void setLimits(const Limits& limits);
     // Takes the per-user lock; false when another live instance holds it.
     // Needs no application object, so a second start can find out cheaply.
     bool acquire();
@@ -37,6 +50,7 @@ public:
     // A socket left behind by a crashed instance is removed first.
     bool listen(Handler handler);
     QString serverName() const { return m_serverName; }
+    int openConnections() const { return int(m_connections.size()); }
 
     // notOurs: whatever listens there runs as another user; it is told nothing.
     enum class SendResult { answered, notRunning, noAnswer, notOurs };
@@ -46,6 +60,8 @@ public:
                            InstanceReply* reply, int timeoutMs = 3000);
 
 private:
+    bool startListening();
+    void keepListening();
     void accept(QLocalSocket* socket);
     void serve(QLocalSocket* socket);
 
@@ -53,4 +69,7 @@ private:
     QLocalServer m_server;
     std::unique_ptr<QLockFile> m_lock;
     Handler m_handler;
+    Limits m_limits;
+    QTimer m_recheck;
+    QList<QLocalSocket*> m_connections; // oldest first
 };
