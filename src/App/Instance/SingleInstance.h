@@ -66,10 +66,12 @@ private:
     void serve(QLocalSocket* socket);
 
     QString m_serverName;
+    // Before the server: its sockets tell the list when they go, also
+    // while the server deletes them.
+    QList<QLocalSocket*> m_connections; // oldest first
     QLocalServer m_server;
     std::unique_ptr<QLockFile> m_lock;
     Handler m_handler;
     Limits m_limits;
     QTimer m_recheck;
-    QList<QLocalSocket*> m_connections; // oldest first
 };
