@@ -187,8 +187,8 @@ private slots:
     {
         QFETCH(QString, name);
         // No catalogue holds such a name; the file name is made safe all the same.
-        const IconExport bad{Icon(name, u"Bad"_qs, {}, line, std::nullopt), {}, 24, 2,
-                             u"currentColor"_qs};
+        const IconExport bad{
+            Icon(name, u"Bad"_qs, {}, line, std::nullopt), {}, 24, 2, u"currentColor"_qs};
         prefs->setDragFormat(DragFormat::svg);
         const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(bad));
         QCOMPARE(mime->urls().size(), 1);
