@@ -28,4 +28,9 @@ std::optional<QColor> parse(QStringView text)
     return QColor(channel(0), channel(1), channel(2), channels == 4 ? channel(3) : 255);
 }
 
+bool isColorValue(QStringView text)
+{
+    return text == u"currentColor" || (text == text.trimmed() && parse(text).has_value());
+}
+
 } // namespace HexColor

@@ -13,4 +13,9 @@ namespace HexColor {
 // Nothing for anything else, such as "currentColor".
 std::optional<QColor> parse(QStringView text);
 
+// The colour values a setting or an export takes: "currentColor" or a
+// hexadecimal colour, with nothing around it. Whatever is accepted ends up in
+// snippets as typed, so anything else is refused where it comes in.
+bool isColorValue(QStringView text);
+
 } // namespace HexColor

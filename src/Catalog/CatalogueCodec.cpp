@@ -1,5 +1,7 @@
 #include "CatalogueCodec.h"
 
+#include "IconText.h"
+
 #include <simdjson.h>
 #include <string>
 #include <string_view>
@@ -68,6 +70,8 @@ bool readPaths(element value, std::optional<PathList>& out, const Text& text)
         std::string_view data;
         if (item.get_string().get(data) != simdjson::SUCCESS)
             return false;
+        if (!IconText::isPathData(QByteArrayView(data.data(), qsizetype(data.size()))))
+            return false;
         paths.append(text.bytes(data));
     }
     out = std::move(paths);
@@ -130,11 +134,11 @@ bool readEntry(element value, Icon& icon, QString* error, qsizetype index, Categ
             break;
         case 'o':
             if (!readPaths(field.value, outline, text))
-                return bad("\"o\" is not an array of strings");
+                return bad("\"o\" is not an array of path data");
             break;
         case 'f':
             if (!readPaths(field.value, filled, text))
-                return bad("\"f\" is not an array of strings");
+                return bad("\"f\" is not an array of path data");
             break;
         default:
             break;
@@ -142,6 +146,8 @@ bool readEntry(element value, Icon& icon, QString* error, qsizetype index, Categ
     }
     if (!hasName || !hasCategory || !hasTags)
         return bad(!hasName ? "no \"n\"" : !hasCategory ? "no \"c\"" : "no \"t\"");
+    if (!IconText::isName(QByteArrayView(name.data(), qsizetype(name.size()))))
+        return bad("the name has characters other than a-z, 0-9 and -");
     icon = Icon(text.string(name), categories.intern(category), std::move(tags), std::move(outline),
                 std::move(filled));
     return true;

@@ -1,6 +1,7 @@
 #include "PackageConverter.h"
 
 #include "CatalogueCodec.h"
+#include "IconText.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -83,6 +84,32 @@ void appendStringArray(QByteArray& out, const auto& items)
         CatalogueCodec::appendJsonString(out, item);
     }
     out += ']';
+}
+
+bool allPathData(const std::optional<PathList>& paths)
+{
+    return !paths || std::all_of(paths->cbegin(), paths->cend(),
+                                 [](const QByteArray& d) { return IconText::isPathData(d); });
+}
+
+// What the catalogue decoder would refuse is refused here, with the reason.
+bool check(const OutFile& file, QString* error)
+{
+    for (const OutEntry& entry : file.icons) {
+        QString reason;
+        if (!IconText::isName(entry.n.toUtf8()))
+            reason = QStringLiteral("an icon name has characters other than a-z, 0-9 and -");
+        else if (!allPathData(entry.o) || !allPathData(entry.f))
+            reason = QStringLiteral("the icon \"%1\" has path data with characters that SVG "
+                                    "path data does not use")
+                         .arg(entry.n);
+        if (!reason.isEmpty()) {
+            if (error)
+                *error = reason;
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace
@@ -200,7 +227,10 @@ std::optional<QByteArray> convert(const QString& version, QByteArrayView iconsJs
     const auto meta = metadata(iconsJson, error);
     if (!meta)
         return std::nullopt;
-    return build(version, *meta, nodes(outlineNodes), nodes(filledNodes)).encode();
+    const OutFile file = build(version, *meta, nodes(outlineNodes), nodes(filledNodes));
+    if (!check(file, error))
+        return std::nullopt;
+    return file.encode();
 }
 
 } // namespace PackageConverter

@@ -47,7 +47,8 @@ struct OutFile {
 OutFile build(const QString& version, const QHash<QString, Meta>& meta,
               const QHash<QString, PathList>& outline, const QHash<QString, PathList>& filled);
 
-// All of the above from raw bytes; nullopt with *error when icons.json is bad.
+// All of the above from raw bytes; nullopt with *error when icons.json is bad
+// or an icon's name or path data is not what a catalogue may hold (IconText).
 std::optional<QByteArray> convert(const QString& version, QByteArrayView iconsJson,
                                   QByteArrayView outlineNodes, QByteArrayView filledNodes,
                                   QString* error);

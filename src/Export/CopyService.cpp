@@ -147,7 +147,10 @@ QString CopyService::writeDragFile(const QString& name, const QByteArray& data)
         target.absolutePath() != QFileInfo(folder).absoluteFilePath())
         return {};
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit())
+    // Readable by this user only, like the folder: the receiving program runs as the user.
+    if (!file.open(QIODevice::WriteOnly) ||
+        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
+        file.write(data) != data.size() || !file.commit())
         return {};
     return path;
 }

@@ -1,13 +1,11 @@
 #include "DragFolder.h"
 
+#include "Base/PrivateFolder.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <memory>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 namespace {
 
@@ -15,12 +13,10 @@ QString runtimeFolder()
 {
     const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     // A runtime folder others share (a misconfigured /tmp) is no better than /tmp.
-    if (runtime.isEmpty() || !QDir::isAbsolutePath(runtime) || !DragFolder::isPrivate(runtime))
+    if (runtime.isEmpty() || !QDir::isAbsolutePath(runtime) || !PrivateFolder::isPrivate(runtime))
         return {};
     const QString folder = QDir::cleanPath(runtime) + QStringLiteral("/Pictray");
-    // Fails harmlessly when it exists; what is there is checked either way.
-    QDir().mkdir(folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    return DragFolder::isPrivate(folder) ? folder : QString();
+    return PrivateFolder::claim(folder) ? folder : QString();
 }
 
 // A fresh name nobody can guess in advance, made with owner-only access and
@@ -28,7 +24,7 @@ QString runtimeFolder()
 QString temporaryFolder()
 {
     static std::unique_ptr<QTemporaryDir> folder;
-    if (!folder || !folder->isValid() || !DragFolder::isPrivate(folder->path()))
+    if (!folder || !folder->isValid() || !PrivateFolder::isPrivate(folder->path()))
         folder =
             std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/Pictray-XXXXXX"));
     return folder->isValid() ? folder->path() : QString();
@@ -42,17 +38,13 @@ QString DragFolder::path()
     return runtime.isEmpty() ? temporaryFolder() : runtime;
 }
 
-bool DragFolder::isPrivate(const QString& path)
+void DragFolder::removeOldFiles()
 {
-    constexpr QFileDevice::Permissions others = QFileDevice::ReadGroup | QFileDevice::WriteGroup |
-                                                QFileDevice::ExeGroup | QFileDevice::ReadOther |
-                                                QFileDevice::WriteOther | QFileDevice::ExeOther;
-    const QFileInfo info(path);
-    if (info.isSymLink() || !info.isDir() || (info.permissions() & others))
-        return false;
-#ifdef Q_OS_UNIX
-    return info.ownerId() == ::getuid();
-#else
-    return true;
-#endif
+    const QString runtime = runtimeFolder();
+    if (runtime.isEmpty())
+        return; // the temporary folder is new for each run
+    // Links and files alike: entries are removed, never followed.
+    const QDir folder(runtime);
+    for (const QString& name : folder.entryList(QDir::Files | QDir::System | QDir::Hidden))
+        QFile::remove(folder.filePath(name));
 }

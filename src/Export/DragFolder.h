@@ -12,7 +12,8 @@ namespace DragFolder {
 // The folder, created on first use; empty only when none could be made.
 QString path();
 
-// A real directory (not a link) owned by this user, closed to everyone else.
-bool isPrivate(const QString& path);
+// Drag files outlive the drag: a receiving program may read them later. The
+// ones of an earlier run are removed when the tray starts.
+void removeOldFiles();
 
 } // namespace DragFolder

@@ -1,5 +1,6 @@
 #include "SnippetBuilder.h"
 
+#include "AttributeText.h"
 #include "State/Preferences.h"
 
 #include <algorithm>
@@ -10,14 +11,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Every value goes out escaped: colours, class templates and path data come
+// from settings and downloads, and must not end the attribute they stand in.
 QString quoted(const QString& name, const QString& value)
 {
-    return name + u"=\""_s + value + u'"';
+    return name + u"=\""_s + AttributeText::escaped(value) + u'"';
 }
 
 QString pathElement(const QString& indent, QByteArrayView d, const QString& selfClose)
 {
-    return indent + u"<path d=\""_s + QString::fromUtf8(d) + u'"' + selfClose;
+    return indent + quoted(u"<path d"_s, QString::fromUtf8(d)) + selfClose;
 }
 
 } // namespace

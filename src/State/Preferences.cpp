@@ -1,6 +1,7 @@
 #include "Preferences.h"
 
 #include "PreferenceRanges.h"
+#include "Base/HexColor.h"
 #include "SettingsStore.h"
 
 #include <QLocale>
@@ -175,6 +176,45 @@ template <typename T> QString rangeText(QStringView key)
     return QStringLiteral(" from %1 to %2").arg(range->min).arg(range->max);
 }
 
+// Settings that take less than their type allows. The default colour goes
+// into every snippet as it is, so it must be a colour the export knows.
+struct Restriction {
+    QStringView key;
+    bool (*accepts)(QStringView);
+    QStringView expected;
+};
+constexpr Restriction restrictions[] = {
+    {u"defaultColor", HexColor::isColorValue,
+     u"currentColor or a hexadecimal colour such as #ff0000"},
+};
+
+const Restriction* restrictionOf(QStringView key)
+{
+    for (const Restriction& restriction : restrictions) {
+        if (restriction.key == key)
+            return &restriction;
+    }
+    return nullptr;
+}
+
+template <typename T> bool accepted(QStringView key, const T& value)
+{
+    if constexpr (std::is_same_v<T, QString>) {
+        const Restriction* restriction = restrictionOf(key);
+        return !restriction || restriction->accepts(value);
+    } else {
+        Q_UNUSED(key);
+        Q_UNUSED(value);
+        return true;
+    }
+}
+
+template <typename T> QString expectedFor(QStringView key)
+{
+    const Restriction* restriction = restrictionOf(key);
+    return restriction ? restriction->expected.toString() : Codec<T>::expected();
+}
+
 } // namespace
 
 template <typename T> struct Preferences::Field {
@@ -222,11 +262,7 @@ Preferences::Preferences(SettingsStore& store, QObject* parent) : QObject(parent
     m_store.registerDefaults(defaults);
 
     // Straight into the members: reading emits nothing and writes nothing.
-    forEachField([&](const auto& field) {
-        using T = std::remove_cvref_t<decltype(field.defaultValue)>;
-        this->*field.member = withinRange(
-            field.key, Codec<T>::read(m_store, field.key.toString(), field.defaultValue));
-    });
+    forEachField([&](const auto& field) { this->*field.member = read(field); });
 }
 
 Preferences::~Preferences() = default;
@@ -236,6 +272,14 @@ Preferences& Preferences::shared()
     static SettingsStore store(SettingsStore::defaultPath());
     static Preferences preferences(store);
     return preferences;
+}
+
+template <typename T> T Preferences::read(const Field<T>& field) const
+{
+    // A value edited outside the program that the setting would refuse reads
+    // as the default, like a value of the wrong type.
+    T value = Codec<T>::read(m_store, field.key.toString(), field.defaultValue);
+    return accepted(field.key, value) ? withinRange(field.key, value) : field.defaultValue;
 }
 
 template <typename T> void Preferences::assign(const Field<T>& field, const T& value)
@@ -324,9 +368,9 @@ std::optional<QString> Preferences::setValueText(const QString& key, const QStri
     withField(key, [&](const auto& field) {
         using T = std::remove_cvref_t<decltype(field.defaultValue)>;
         const std::optional<T> value = Codec<T>::parse(text);
-        if (!value || !inRange(field.key, *value)) {
+        if (!value || !inRange(field.key, *value) || !accepted(field.key, *value)) {
             error = QStringLiteral("Invalid value \"%1\" for %2: expected %3%4.")
-                        .arg(text, key, Codec<T>::expected(), rangeText<T>(field.key));
+                        .arg(text, key, expectedFor<T>(field.key), rangeText<T>(field.key));
             return;
         }
         error.reset();
@@ -340,10 +384,8 @@ std::optional<QString> Preferences::setValueText(const QString& key, const QStri
 void Preferences::reset(const QString& key)
 {
     withField(key, [&](const auto& field) {
-        using T = std::remove_cvref_t<decltype(field.defaultValue)>;
         m_store.remove(key);
-        this->*field.member =
-            withinRange(field.key, Codec<T>::read(m_store, key, field.defaultValue));
+        this->*field.member = read(field);
         emit(this->*field.changed)();
     });
 }

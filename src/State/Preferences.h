@@ -95,6 +95,8 @@ private:
     template <typename Visit> static void forEachField(Visit&& visit);
     // Calls `visit` with the Field of the setting `key`; false for an unknown key.
     template <typename Visit> static bool withField(const QString& key, Visit&& visit);
+    // The stored value, or the default where it is missing or refused.
+    template <typename T> T read(const Field<T>& field) const;
     template <typename T> void assign(const Field<T>& field, const T& value);
 
     SettingsStore& m_store;

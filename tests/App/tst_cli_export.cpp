@@ -107,6 +107,9 @@ private slots:
             << QStringList{"export", "plus", "--stroke", "x"} << 2 << QByteArray("--stroke");
         QTest::newRow("unknown key")
             << QStringList{"export", "plus", "--set", "colour=red"} << 2 << QByteArray("--set");
+        QTest::newRow("colour that is markup")
+            << QStringList{"export", "plus", "--color", "red\" onload=\"x"} << 2
+            << QByteArray("--color");
         QTest::newRow("two names")
             << QStringList{"export", "plus", "minus"} << 2 << QByteArray("one icon");
     }

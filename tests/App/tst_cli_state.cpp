@@ -63,6 +63,9 @@ private slots:
                                       << QByteArray("expected a whole number from 1 to 4096");
         QTest::newRow("unknown key")
             << QStringList{"get", "colour"} << 2 << QByteArray("unknown setting 'colour'");
+        QTest::newRow("colour that is markup")
+            << QStringList{"set", "defaultColor", "\"><script>x</script>"} << 1
+            << QByteArray("expected currentColor or a hexadecimal colour");
         QTest::newRow("missing value")
             << QStringList{"set", "png3x"} << 2 << QByteArray("prefs takes");
     }

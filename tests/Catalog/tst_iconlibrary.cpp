@@ -176,6 +176,16 @@ private slots:
             << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[2]}]})");
         QTest::newRow("paths not strings")
             << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":[1]}]})");
+        // Names reach terminals and file names, path data reaches markup.
+        QTest::newRow("markup in path data")
+            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],)"
+                          R"("o":["M0 0'/><script>x</script>"]}]})");
+        QTest::newRow("upper case name")
+            << QByteArray(R"({"version":"1","icons":[{"n":"Home","c":"","t":[]}]})");
+        QTest::newRow("escape sequence in name") << QByteArray(
+            "{\"version\":\"1\",\"icons\":[{\"n\":\"a\\u001b[2Jb\",\"c\":\"\",\"t\":[]}]}");
+        QTest::newRow("empty name")
+            << QByteArray(R"({"version":"1","icons":[{"n":"","c":"","t":[]}]})");
         QTest::newRow("icons not array") << QByteArray(R"({"version":"1","icons":{}})");
         QTest::newRow("not json") << QByteArray("{\"version\":\"1\",\"icons\":[\xff");
         QTest::newRow("deep nesting")
@@ -193,7 +203,7 @@ private slots:
     void buildsIconsFromEntries()
     {
         const QByteArray bytes = R"({"version":"3.0","extra":1,"icons":[
-            {"n":"Home","c":"Buildings","t":["House","home","HOME","living","roof","x"],"o":["M1 1"],"f":null,"z":5},
+            {"n":"home","c":"Buildings","t":["House","home","HOME","living","roof","x"],"o":["M1 1"],"f":null,"z":5},
             {"n":"home","c":"Buildings","t":[],"o":["M2 2"],"f":["M3 3"]},
             {"n":"home","c":"Other","t":[],"o":["M4 4"]},
             {"n":"alone","c":"Arrows","t":["alone"]}]})";
@@ -209,11 +219,11 @@ private slots:
         QCOMPARE(first.searchTags().first(), QStringLiteral("house"));
         QVERIFY(!first.has(IconStyle::filled)); // null means no filled form
         // Only the exact name is dropped; the case of the others stays.
-        QCOMPARE(first.tagLine(), QString::fromUtf8("House · home · HOME · living"));
+        QCOMPARE(first.tagLine(), QString::fromUtf8("House · HOME · living · roof"));
         QCOMPARE(library.icons().last().tagLine(), QStringLiteral("Arrows"));
 
         // Exact, case-sensitive lookup; the first of two equal names wins.
-        QCOMPARE(library.icon(u"home").paths(IconStyle::outline)->first(), QByteArray("M2 2"));
+        QCOMPARE(library.icon(u"home").paths(IconStyle::outline)->first(), QByteArray("M1 1"));
         QVERIFY(library.icon(u"HOME").isNull());
         QVERIFY(library.icon(u"alone").paths(IconStyle::outline) == nullptr);
     }

@@ -2,6 +2,7 @@
 #include "Catalog/PackageConverter.h"
 
 #include <QTest>
+#include <algorithm>
 
 using namespace PackageConverter;
 
@@ -89,13 +90,13 @@ private slots:
 
     void convertsAPackage()
     {
+        // A tag that needs escaping in JSON: x"\ .
         const QByteArray iconsJson = R"({
             "b-icon": {"category": "Cat", "tags": ["t1", 7]},
-            "only-meta": {"category": "Gone"},
-            "a-icon": {"tags": ["x"]}})";
-        // A path string that needs escaping in JSON: M"2\ .
-        const QByteArray outline = "{\"b-icon\": [[\"path\", {\"d\": \"M1 1\"}]], "
-                                   "\"a-icon\": [[\"path\", {\"d\": \"M\\\"2\\\\\"}]]}";
+            "only-meta": {"category": "Gone"},)"
+                                     "\"a-icon\": {\"tags\": [\"x\\\"\\\\\"]}}";
+        const QByteArray outline =
+            R"({"b-icon": [["path", {"d": "M1 1"}]], "a-icon": [["path", {"d": "M2 2"}]]})";
         const QByteArray filled =
             R"({"b-icon": [["path", {"d": "M3 3"}]], "c-filled-only": [["path", {"d": "M4 4"}]]})";
         QString error;
@@ -104,14 +105,14 @@ private slots:
         QCOMPARE(
             *bytes,
             QByteArray(R"({"version":"3.10.0","icons":[)"
-                       "{\"n\":\"a-icon\",\"c\":\"\",\"t\":[\"x\"],\"o\":[\"M\\\"2\\\\\"]},"
+                       "{\"n\":\"a-icon\",\"c\":\"\",\"t\":[\"x\\\"\\\\\"],\"o\":[\"M2 2\"]},"
                        R"({"n":"b-icon","c":"Cat","t":["t1","7.0"],"o":["M1 1"],"f":["M3 3"]},)"
                        R"({"n":"c-filled-only","c":"","t":[],"f":["M4 4"]}]})"));
         // The written file reads back through the catalogue decoder.
         const auto file = CatalogueCodec::decode(*bytes);
         QVERIFY(file);
         QCOMPARE(file->icons.size(), 3);
-        QCOMPARE(file->icons[0].outline()->first(), QByteArray("M\"2\\"));
+        QCOMPARE(file->icons[0].tags().first(), QStringLiteral("x\"\\"));
         QVERIFY(!file->icons[2].has(IconStyle::outline));
     }
 
@@ -120,6 +121,29 @@ private slots:
         QByteArray out;
         CatalogueCodec::appendJsonString(out, QStringView(u"a\u0001b\nc\u00e9"));
         QCOMPARE(out, QByteArray("\"a\\u0001b\\nc\xc3\xa9\""));
+    }
+
+    // A release whose names or path data a catalogue may not hold converts
+    // to nothing, with a reason; the library never sees it.
+    void refusesWhatACatalogueMayNotHold_data()
+    {
+        QTest::addColumn<QByteArray>("outline");
+        QTest::newRow("markup in path data")
+            << QByteArray(R"({"a": [["path", {"d": "M0 0'/><script>x</script>"}]]})");
+        QTest::newRow("upper case name") << QByteArray(R"({"Arrow": [["path", {"d": "M1 1"}]]})");
+        QTest::newRow("newline in name")
+            << QByteArray("{\"a\\nb\": [[\"path\", {\"d\": \"M1 1\"}]]}");
+        QTest::newRow("escape sequence in name")
+            << QByteArray("{\"a\\u001b]0;x\\u0007\": [[\"path\", {\"d\": \"M1 1\"}]]}");
+    }
+    void refusesWhatACatalogueMayNotHold()
+    {
+        QFETCH(QByteArray, outline);
+        QString error;
+        QVERIFY(!convert(QStringLiteral("1"), "{}", outline, "{}", &error));
+        QVERIFY(!error.isEmpty());
+        QVERIFY(std::ranges::none_of(error,
+                                     [](QChar c) { return c.category() == QChar::Other_Control; }));
     }
 
     void badMetadataFailsTheConversion()

@@ -4,6 +4,7 @@
 
 #include <QMimeData>
 #include <QTest>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using PackageConverter::OutEntry;
@@ -161,6 +162,9 @@ private slots:
         QCOMPARE(mime->hasFormat(u"image/png"_qs), withData);
         QCOMPARE(f->user->lastCopy()->format, recorded);
         QVERIFY(fake->messages == 0);
+        struct stat status {};
+        QCOMPARE(::stat(QFile::encodeName(path).constData(), &status), 0);
+        QCOMPARE(status.st_mode & 0777, 0600u);
         QFile written(path);
         QVERIFY(written.open(QIODevice::ReadOnly));
         const QByteArray bytes = written.readAll();
@@ -182,9 +186,11 @@ private slots:
     void dragFilesStayInTheirFolder()
     {
         QFETCH(QString, name);
-        f->load({{name, u"Bad"_qs, {}, line, std::nullopt}});
+        // No catalogue holds such a name; the file name is made safe all the same.
+        const IconExport bad{
+            Icon(name, u"Bad"_qs, {}, line, std::nullopt), {}, 24, 2, u"currentColor"_qs};
         prefs->setDragFormat(DragFormat::svg);
-        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(name)));
+        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(bad));
         QCOMPARE(mime->urls().size(), 1);
         const QFileInfo file(mime->urls().first().toLocalFile());
         QVERIFY(file.isFile());
@@ -272,6 +278,22 @@ private slots:
         QVERIFY(mime->urls().isEmpty());
         QVERIFY(mime->hasFormat(u"image/svg+xml"_qs)); // the data still travels
         QCOMPARE(QFileInfo(victim).size(), 0);
+    }
+
+    // What an earlier run left is removed; what a planted link points to is not.
+    void oldDragFilesAreRemoved()
+    {
+        const QString elsewhere = f->dir.filePath(u"kept"_qs);
+        QFile(elsewhere).open(QIODevice::WriteOnly);
+        prefs->setDragFormat(DragFormat::svg);
+        const std::unique_ptr<QMimeData> mime(f->copy->itemProvider(item(u"plus"_qs)));
+        QVERIFY(QFile::link(elsewhere, DragFolder::path() + u"/link.svg"_qs));
+        QVERIFY(QFile::link(f->dir.filePath(u"gone"_qs), DragFolder::path() + u"/broken.svg"_qs));
+        DragFolder::removeOldFiles();
+        QVERIFY(
+            QDir(DragFolder::path())
+                .isEmpty(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot));
+        QVERIFY(QFile::exists(elsewhere));
     }
 
     void pasteWaitsAndNeedsTrust()

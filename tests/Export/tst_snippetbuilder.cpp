@@ -1,6 +1,7 @@
 #include "Export/SnippetBuilder.h"
 
 #include <QTest>
+#include <QXmlStreamReader>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -149,6 +150,8 @@ private slots:
     void percentEncodingFailure();
     void pngDescription_data();
     void pngDescription();
+    void hostileValuesStayInTheirAttribute_data();
+    void hostileValuesStayInTheirAttribute();
 };
 
 void TestSnippetBuilder::workedExamples_data()
@@ -468,6 +471,55 @@ void TestSnippetBuilder::pngDescription()
     });
     QCOMPARE(builder.text(format, plus(IconStyle::filled)),
              expected + u"\nCopied to clipboard as image"_s);
+}
+
+// Values from settings or a downloaded catalogue that try to end their
+// attribute stay inside it, and read back as they were written.
+void TestSnippetBuilder::hostileValuesStayInTheirAttribute_data()
+{
+    QTest::addColumn<QString>("color");
+    QTest::addColumn<QString>("classes");
+    QTest::addColumn<QByteArray>("path");
+
+    const QString quote = u"red\" onload=\"alert(1)"_s;
+    QTest::newRow("colour") << quote << QString() << QByteArray("M1 1");
+    QTest::newRow("class") << u"#f00"_s << u"a\" onclick=\"b {name}"_s << QByteArray("M1 1");
+    QTest::newRow("path") << u"#f00"_s << QString()
+                          << QByteArray(R"(M0 0"/><script>alert(1)</script><path d=")");
+    QTest::newRow("reference") << u"&quot;&#62;"_s << u"&lt;script&gt;"_s << QByteArray("M1 1");
+}
+
+void TestSnippetBuilder::hostileValuesStayInTheirAttribute()
+{
+    QFETCH(QString, color);
+    QFETCH(QString, classes);
+    QFETCH(QByteArray, path);
+    const IconExport item{Icon(u"x"_s, {}, {}, PathList{path}, std::nullopt), IconStyle::outline,
+                          24, 2, color};
+    for (const bool optimize : {false, true}) {
+        const SnippetBuilder builder = with([&](auto& b) {
+            b.optimize = optimize;
+            b.classAttribute = classes;
+        });
+        for (const ExportFormat format :
+             {ExportFormat::jsx, ExportFormat::vue, ExportFormat::blade, ExportFormat::tailwind}) {
+            const QString text = builder.text(format, item);
+            QVERIFY2(!text.contains(u"<script>"_s) && !text.contains(u"\" on"_s), qPrintable(text));
+        }
+        QXmlStreamReader svg(builder.svg(item, false));
+        QStringList paths;
+        while (svg.readNextStartElement()) {
+            if (svg.name() == u"svg"_s) {
+                QCOMPARE(svg.attributes().value(u"stroke"_s), color);
+                QCOMPARE(svg.attributes().value(u"class"_s), classes.replace(u"{name}"_s, u"x"_s));
+                continue;
+            }
+            paths += svg.attributes().value(u"d"_s).toString();
+            svg.skipCurrentElement();
+        }
+        QVERIFY2(!svg.hasError(), qPrintable(svg.errorString()));
+        QCOMPARE(paths.last(), QString::fromUtf8(path));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestSnippetBuilder)

@@ -118,6 +118,9 @@ private slots:
         row("pngBackground", "black", "black");
         row("dragFormat", "png2", "bestMatch");
         row("dragFormat", "svg", "svg");
+        row("defaultColor", "\"><script>x</script>", "currentColor");
+        row("defaultColor", " #fff", "currentColor");
+        row("defaultColor", "#DC2626", "#DC2626");
     }
     void unknownStoredStringsFallBack()
     {
@@ -242,6 +245,11 @@ private slots:
         QTest::newRow("shortcut") << u"pickerHotKey"_qs << uR"({"keyCode":8,"modifiers":0})"_qs
                                   << std::optional(uR"({"keyCode":8,"modifiers":0})"_qs);
         QTest::newRow("shortcut, broken") << u"pickerHotKey"_qs << u"{"_qs << refused;
+        QTest::newRow("colour") << u"defaultColor"_qs << u"#ff000080"_qs
+                                << std::optional(u"#ff000080"_qs);
+        QTest::newRow("colour, not one the export knows")
+            << u"defaultColor"_qs << u"red\" onload=\"x"_qs << refused;
+        QTest::newRow("colour, a name") << u"defaultColor"_qs << u"red"_qs << refused;
     }
     void textValuesAreCheckedBeforeStoring()
     {

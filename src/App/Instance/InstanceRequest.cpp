@@ -23,6 +23,19 @@ QString tabName(const PickerTab& tab)
     return QStringLiteral("all");
 }
 
+// The answer is printed in the user's terminal: escape sequences and other
+// invisible characters in it could rewrite what the terminal shows.
+QString printable(const QString& text)
+{
+    QString out;
+    out.reserve(text.size());
+    for (const QChar c : text) {
+        if (c.category() != QChar::Other_Control && c.category() != QChar::Other_Format)
+            out += c;
+    }
+    return out;
+}
+
 } // namespace
 
 QByteArray InstanceRequest::encode() const
@@ -94,7 +107,7 @@ QByteArray InstanceReply::encode() const
 
 InstanceReply InstanceReply::decode(const QByteArray& line)
 {
-    const QString text = QString::fromUtf8(line).trimmed();
+    const QString text = printable(QString::fromUtf8(line).trimmed());
     if (text == okWord)
         return {};
     if (text.startsWith(errorWord + u' '))

@@ -28,5 +28,6 @@ struct InstanceReply {
     QString message; // shown to the user when not ok
 
     QByteArray encode() const;
+    // Control and format characters are left out of the message.
     static InstanceReply decode(const QByteArray& line);
 };

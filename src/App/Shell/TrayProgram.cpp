@@ -3,6 +3,7 @@
 #include "App/Instance/SingleInstance.h"
 #include "AppWindows/WindowManager.h"
 #include "Application.h"
+#include "Export/DragFolder.h"
 #include "StartupTrace.h"
 
 #include <QApplication>
@@ -27,6 +28,11 @@ int askRunningInstanceToReopen(int argc, char* argv[], const QString& serverName
             SingleInstance::send(serverName, {InstanceRequest::Kind::reopen, {}}, &reply);
         if (result == SingleInstance::SendResult::answered)
             return 0;
+        if (result == SingleInstance::SendResult::notOurs) {
+            std::fprintf(stderr, "Pictray: another user's program listens on %s.\n",
+                         qPrintable(serverName));
+            return 1;
+        }
         if (result == SingleInstance::SendResult::noAnswer)
             break;
         QThread::msleep(reopenRetryMs);
@@ -39,9 +45,16 @@ int askRunningInstanceToReopen(int argc, char* argv[], const QString& serverName
 
 int runTray(int argc, char* argv[])
 {
-    SingleInstance instance;
+    QString problem;
+    const auto serverName = SingleInstance::defaultServerName(&problem);
+    if (!serverName) {
+        std::fprintf(stderr, "Pictray cannot start: %s\n", qPrintable(problem));
+        return 1;
+    }
+    SingleInstance instance(*serverName);
     if (!instance.acquire())
         return askRunningInstanceToReopen(argc, argv, instance.serverName());
+    DragFolder::removeOldFiles(); // only the instance that runs owns them
 
     WindowManager::chooseControlsStyle();
     // The software scene graph: a panel of flat icons gains nothing from the

@@ -1,3 +1,4 @@
+#include "Base/HexColor.h"
 #include "Catalog/IconLibrary.h"
 #include "Commands.h"
 #include "Export/IconExport.h"
@@ -155,6 +156,9 @@ int exportIcon(const QStringList& args, Io& io)
     item.stroke = stroke;
     item.color = parser.isSet(QStringLiteral("color")) ? parser.value(QStringLiteral("color"))
                                                        : preferences.defaultColor();
+    if (!HexColor::isColorValue(item.color))
+        return usageError(io, QStringLiteral("--color takes currentColor or a hexadecimal colour "
+                                             "such as #ff0000"));
 
     const QString output = parser.value(QStringLiteral("o"));
     if (Formats::isImage(*format))

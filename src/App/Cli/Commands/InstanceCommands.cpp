@@ -9,8 +9,18 @@ namespace {
 // Hands the request to the running tray instance and reports its answer.
 int sendToInstance(const InstanceRequest& request, Io& io)
 {
+    QString problem;
+    const auto serverName = SingleInstance::defaultServerName(&problem);
+    if (!serverName) {
+        io.err << "pictray: " << problem << '\n';
+        return Status::failure;
+    }
     InstanceReply reply;
-    switch (SingleInstance::send(SingleInstance::defaultServerName(), request, &reply)) {
+    switch (SingleInstance::send(*serverName, request, &reply)) {
+    case SingleInstance::SendResult::notOurs:
+        io.err << "pictray: another user's program listens on " << *serverName
+               << "; nothing was sent.\n";
+        return Status::failure;
     case SingleInstance::SendResult::notRunning:
         io.err << "Pictray is not running. Start it with `pictray`.\n";
         return Status::failure;
