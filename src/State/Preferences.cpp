@@ -1,7 +1,7 @@
 #include "Preferences.h"
 
-#include "PreferenceRanges.h"
 #include "Base/HexColor.h"
+#include "PreferenceRanges.h"
 #include "SettingsStore.h"
 
 #include <QLocale>
