@@ -8,36 +8,12 @@
 set -u
 PICTRAY=$1
 
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null; done
-    wait 2>/dev/null
-    rm -rf "$work"
-}
-trap cleanup EXIT
-export HOME=$work/home XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
-export XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=xcb
-mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
-unset DBUS_SESSION_BUS_ADDRESS
+source "$(dirname "$0")/x11-session.sh"
 
-# wait_for SECONDS COMMAND...: polls until the command succeeds.
-wait_for() {
-    local deadline=$((SECONDS + $1)); shift
-    until "$@" >/dev/null 2>&1; do
-        ((SECONDS >= deadline)) && return 1
-        read -rt 0.1 <> <(:) || true
-    done
-}
 docked() { xwininfo -root -tree | grep -q '("pictray" "Pictray")'; }
 picker_shown() { [ -n "$(xdotool search --onlyvisible --name '^Pictray$')" ]; }
 
-openbox >/dev/null 2>&1 &
-pids+=($!)
-trayer --edge top --align right --widthtype request --height 24 >/dev/null 2>&1 &
-pids+=($!)
-wait_for 20 xdotool search --class trayer || { echo "FAIL: no tray host"; exit 1; }
+start_tray_host || { echo "FAIL: no tray host"; exit 1; }
 
 "$PICTRAY" prefs set hasCompletedOnboarding true >/dev/null
 "$PICTRAY" >"$work/pictray.log" 2>&1 &

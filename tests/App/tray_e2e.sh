@@ -17,42 +17,12 @@ check() { # check DESCRIPTION COMMAND...
     local what=$1; shift
     if "$@"; then pass "$what"; else fail "$what"; fi
 }
-# wait_for SECONDS COMMAND...: polls until the command succeeds, giving up
-# after SECONDS (generous: a loaded machine is slow, a quick one returns at
-# once). Between polls it waits a tenth of a second on an empty pipe.
-wait_for() {
-    local deadline=$((SECONDS + $1)); shift
-    until "$@" >/dev/null 2>&1; do
-        ((SECONDS >= deadline)) && return 1
-        read -rt 0.1 <> <(:) || true
-    done
-}
-
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null; done
-    wait 2>/dev/null
-    rm -rf "$work"
-}
-trap cleanup EXIT
-
-export HOME=$work/home XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
-export XDG_RUNTIME_DIR=$work/run
-mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
-unset DBUS_SESSION_BUS_ADDRESS # the XEmbed tray, not a StatusNotifier host
-export QT_QPA_PLATFORM=xcb
+source "$(dirname "$0")/x11-session.sh"
 
 clipboard() { xclip -selection clipboard -o 2>/dev/null; }
 clear_clipboard() { printf 'cleared' | xclip -selection clipboard -i; }
 
-openbox >"$work/openbox.log" 2>&1 &
-pids+=($!)
-trayer --edge top --align right --widthtype request --height 24 --transparent false \
-    >"$work/trayer.log" 2>&1 &
-pids+=($!)
-wait_for 20 xdotool search --class trayer || { echo "no tray host"; cat "$work/trayer.log"; exit 1; }
+start_tray_host || { echo "no tray host"; exit 1; }
 
 "$PICTRAY" prefs set hasCompletedOnboarding true >/dev/null
 "$PICTRAY" favorites add arrow-left heart star bolt >/dev/null
