@@ -116,8 +116,14 @@ void WindowManager::forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot)
 
 bool WindowManager::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* window = qobject_cast<QQuickWindow*>(watched);
-    if (event->type() != QEvent::KeyPress || !window)
+    // By identity, not by cast: a window being destroyed still passes
+    // events through here after it has stopped being a QQuickWindow.
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    QQuickWindow* window = watched == m_settings ? m_settings.data()
+                           : watched == m_about  ? m_about.data()
+                                                 : nullptr;
+    if (!window)
         return false;
     // An open popup (a list of choices) takes Escape for itself.
     for (const QQuickItem* item = window->activeFocusItem(); item; item = item->parentItem()) {
@@ -127,7 +133,9 @@ bool WindowManager::eventFilter(QObject* watched, QEvent* event)
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_Escape && !key->matches(QKeySequence::Close))
         return false;
-    window->close();
+    // After the key's delivery, not in the middle of it: a window torn down
+    // inside its own key event leaves its software-rendered frame behind.
+    QMetaObject::invokeMethod(window, &QWindow::close, Qt::QueuedConnection);
     return true;
 }
 

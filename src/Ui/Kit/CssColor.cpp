@@ -28,6 +28,8 @@ bool CssColor::legibleOn(const QString& value, const QColor& background)
     const std::optional<QColor> color = HexColor::parse(value);
     if (!color)
         return true;
-    const auto [dark, light] = std::minmax(luminance(*color), luminance(background));
-    return (light + 0.05) / (dark + 0.05) >= 1.5;
+    // By value: std::minmax of temporaries would hand back dangling references.
+    const double a = luminance(*color);
+    const double b = luminance(background);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05) >= 1.5;
 }
