@@ -5,6 +5,7 @@
 #include "Null/NullPaster.h"
 #include "X11/X11HotKeyBackend.h"
 #include "X11/X11Paster.h"
+#include "X11/X11TrayColors.h"
 #include "X11/Xcb.h"
 #include "Xdg/XdgAutostartLoginItem.h"
 #include "Xkb/XkbKeyboardLayout.h"
@@ -23,6 +24,7 @@ PlatformBackends forX11()
     if (!backends.keyboardLayout)
         backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
     backends.session = WindowingSession::x11();
+    backends.trayForeground = &X11TrayColors::foreground;
     backends.loginItem = std::make_unique<XdgAutostartLoginItem>();
     return backends;
 }
@@ -52,5 +54,6 @@ PlatformBackends PlatformBackends::null()
     backends.paster = std::make_unique<NullPaster>();
     backends.session = WindowingSession::compositorPlaced();
     backends.loginItem = std::make_unique<NullLoginItem>();
+    backends.trayForeground = [] { return std::optional<QColor>(); };
     return backends;
 }

@@ -2,8 +2,11 @@
 
 #include "WindowingSession.h"
 
+#include <QColor>
 #include <QString>
+#include <functional>
 #include <memory>
+#include <optional>
 
 class HotKeyBackend;
 class KeyboardLayout;
@@ -18,6 +21,9 @@ struct PlatformBackends {
     std::shared_ptr<const KeyboardLayout> keyboardLayout;
     std::unique_ptr<LoginItem> loginItem;
     WindowingSession session;
+    // The colour the tray wants its icons in, asked again when the desktop
+    // changes its look; empty when the tray does not say.
+    std::function<std::optional<QColor>()> trayForeground;
 
     PlatformBackends();
     PlatformBackends(PlatformBackends&&) noexcept;

@@ -3,6 +3,7 @@
 #include "AppWindows/WindowManager.h"
 #include "Platform/HotKeyBackend.h"
 #include "Platform/HotKeyCenter.h"
+#include "Platform/Xkb/XkbKeyboardLayout.h"
 #include "State/Preferences.h"
 #include "State/UserLibrary.h"
 
@@ -38,6 +39,7 @@ class TestSettingReactions : public QObject {
     QMap<quint32, KeyCombo> grabbed;
     std::unique_ptr<Application> app;
     Preferences* prefs = nullptr;
+    std::optional<QColor> trayColor;
 
 private slots:
     void init()
@@ -51,6 +53,8 @@ private slots:
         app = std::make_unique<Application>([this] {
             PlatformBackends backends = PlatformBackends::null();
             backends.hotKeys = std::make_unique<GrabbedKeys>(grabbed);
+            backends.trayForeground = [this] { return trayColor; };
+            backends.keyboardLayout = XkbKeyboardLayout::fromNames("us");
             return backends;
         });
         app->start();
@@ -77,6 +81,30 @@ private slots:
         QVERIFY(!app->statusItem().isShown());
         prefs->setShowMenuBarIcon(true);
         QVERIFY(app->statusItem().isShown());
+    }
+
+    void trayIconTakesTheTrayColourAndNamesTheShortcut()
+    {
+        StatusItemController& status = app->statusItem();
+        status.setTrayAvailable([] { return true; });
+        QCOMPARE(status.trayIcon()->toolTip(), u"Pictray — Ctrl+Alt+I"_qs);
+        prefs->setPickerHotKey(KeyCombo{40, KeyCombo::controlFlag | KeyCombo::shiftFlag});
+        QCOMPARE(status.trayIcon()->toolTip(), u"Pictray — Ctrl+Shift+K"_qs);
+        prefs->setPickerHotKey(std::nullopt);
+        QCOMPARE(status.trayIcon()->toolTip(), u"Pictray"_qs);
+
+        // A tray that tells its colour late (it started after Pictray) gets it
+        // once the icon shows there.
+        trayColor = QColor(255, 128, 0);
+        prefs->setShowMenuBarIcon(false);
+        prefs->setShowMenuBarIcon(true);
+        const QImage icon = status.trayIcon()->icon().pixmap(22).toImage();
+        QColor ink;
+        for (int y = 0; y < icon.height(); ++y)
+            for (int x = 0; x < icon.width(); ++x)
+                if (icon.pixelColor(x, y).alpha() == 255)
+                    ink = icon.pixelColor(x, y);
+        QCOMPARE(ink, *trayColor);
     }
 
     void appearanceIsAppliedOnceTheChangeHasLanded()

@@ -2,6 +2,7 @@
 #include "Platform/HotKeyCenter.h"
 #include "Platform/PlatformBackends.h"
 #include "Platform/X11/X11HotKeyBackend.h"
+#include "Platform/X11/X11TrayColors.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
@@ -10,6 +11,7 @@
 #include <QStandardPaths>
 #include <QTest>
 #include <array>
+#include <cstring>
 #include <xcb/xcb.h>
 
 namespace {
@@ -35,6 +37,26 @@ public:
                                              XCB_GRAB_MODE_ASYNC));
     }
     void ungrab(quint16 modifiers) { succeeds(xcb_ungrab_key_checked(c, keyI, root, modifiers)); }
+    // Takes the tray manager's selection with these colours for its icons;
+    // the window goes with the connection.
+    void becomeTray(const std::array<quint32, 12>& colors)
+    {
+        const xcb_window_t window = xcb_generate_id(c);
+        xcb_create_window(c, XCB_COPY_FROM_PARENT, window, root, 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, atom("_NET_SYSTEM_TRAY_COLORS"),
+                            XCB_ATOM_CARDINAL, 32, colors.size(), colors.data());
+        xcb_set_selection_owner(c, window, atom("_NET_SYSTEM_TRAY_S0"), XCB_CURRENT_TIME);
+        std::free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    }
+    xcb_atom_t atom(const char* name)
+    {
+        auto* reply = xcb_intern_atom_reply(
+            c, xcb_intern_atom(c, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr);
+        const xcb_atom_t found = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+        std::free(reply);
+        return found;
+    }
     // Whether nobody else holds the combination; leaves it free.
     bool canGrab(quint16 modifiers)
     {
@@ -225,6 +247,13 @@ private slots:
                                               quint16(numLockMask | XCB_MOD_MASK_LOCK)};
         for (const quint16 variant : variants)
             QVERIFY2(rival->canGrab(controlAlt | variant), qPrintable(QString::number(variant)));
+    }
+
+    void trayColorsComeFromTheTrayManager()
+    {
+        QCOMPARE(X11TrayColors::foreground(), std::nullopt);
+        rival->becomeTray({0xffff, 0x8080, 0x0000, 0xffff, 0, 0, 0, 0, 0, 0, 0, 0});
+        QCOMPARE(X11TrayColors::foreground(), std::optional(QColor(255, 128, 0)));
     }
 
     void oneGrabPerCombination()

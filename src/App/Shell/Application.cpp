@@ -54,6 +54,8 @@ void Application::start()
     });
     StartupTrace::mark("catalogue");
 
+    // Before Pictray's own appearance replaces it: trays follow the desktop.
+    const QColor desktopText = QGuiApplication::palette().color(QPalette::WindowText);
     m_windows = std::make_unique<WindowManager>(*m_prefs, *m_library);
     m_windows->applyAppearance();
     StartupTrace::mark("appearance");
@@ -87,6 +89,9 @@ void Application::start()
     actions.quit = [] { QCoreApplication::quit(); };
     m_status =
         std::make_unique<StatusItemController>(*m_prefs, *m_user, *m_library, std::move(actions));
+    m_status->setTrayForeground([tray = m_platform.trayForeground, desktopText] {
+        return (tray ? tray() : std::nullopt).value_or(desktopText);
+    });
     m_status->setup();
     m_picker->setTrayIconGeometry([this] { return m_status->trayIconGeometry(); });
     StartupTrace::mark("tray icon set up");

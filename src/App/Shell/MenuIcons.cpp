@@ -16,29 +16,15 @@ IconStyle styleOf(const Icon& icon)
 constexpr QStringView trayGlyphName = u"icons";
 constexpr double trayStroke = 2;
 
-QPixmap trayPixmap(const IconLibrary& library, const Icon& icon, int pixels)
+QPixmap trayPixmap(const IconLibrary& library, const Icon& icon, int pixels, const QColor& color)
 {
-    // One pixel of rim on every side: the glyph is drawn a little smaller, and
-    // under it the same glyph with a stroke two pixels wider, in dark.
-    const double glyphPixels = pixels - 2;
-    const double unitsPerPixel = 24.0 / glyphPixels;
     IconRenderer::Options options;
     options.style = styleOf(icon);
-    options.pointSize = glyphPixels;
+    options.pointSize = pixels;
     options.padding = 1;
-    options.stroke = trayStroke + 2 * unitsPerPixel;
-    options.color = QColor(0, 0, 0, 190);
-    const QImage rim = IconRenderer::bitmap(library, icon, options);
     options.stroke = trayStroke;
-    options.color = Qt::white;
-    const QImage glyph = IconRenderer::bitmap(library, icon, options);
-    if (rim.isNull() || glyph.isNull())
-        return {};
-    QImage combined = rim;
-    QPainter painter(&combined);
-    painter.drawImage(0, 0, glyph);
-    painter.end();
-    return QPixmap::fromImage(combined);
+    options.color = color;
+    return QPixmap::fromImage(IconRenderer::bitmap(library, icon, options));
 }
 
 } // namespace
@@ -62,7 +48,7 @@ QIcon glyph(const IconLibrary& library, QStringView name, double pointSize, QCol
     return image;
 }
 
-QIcon trayIcon(const IconLibrary& library)
+QIcon trayIcon(const IconLibrary& library, const QColor& color)
 {
     const Icon icon = library.icon(trayGlyphName);
     if (icon.isNull())
@@ -70,7 +56,7 @@ QIcon trayIcon(const IconLibrary& library)
     QIcon image;
     // The sizes trays ask for, so none has to be scaled.
     for (const int pixels : {16, 20, 22, 24, 32, 48, 64}) {
-        if (const QPixmap pixmap = trayPixmap(library, icon, pixels); !pixmap.isNull())
+        if (const QPixmap pixmap = trayPixmap(library, icon, pixels, color); !pixmap.isNull())
             image.addPixmap(pixmap);
     }
     return image;

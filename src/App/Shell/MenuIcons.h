@@ -14,9 +14,8 @@ namespace MenuIcons {
 // dark menu as well as a light one.
 QIcon glyph(const IconLibrary& library, QStringView name, double pointSize, QColor color);
 
-// The tray icon: the "icons" glyph in white with a dark rim, readable on
-// light and dark panels alike (a panel's colour is not something X11 tells
-// its tray icons).
-QIcon trayIcon(const IconLibrary& library);
+// The tray icon: the "icons" glyph in one colour, the one the tray draws
+// its icons in, like the panel's other symbolic icons.
+QIcon trayIcon(const IconLibrary& library, const QColor& color);
 
 } // namespace MenuIcons

@@ -1,6 +1,8 @@
 #include "StatusItemController.h"
 
+#include "Base/KeyCombo.h"
 #include "Base/KeyboardLayout.h"
+#include "Base/Rendition.h"
 #include "Catalog/IconLibrary.h"
 #include "MenuIcons.h"
 #include "StartupTrace.h"
@@ -29,8 +31,8 @@ void StatusItemController::setup()
     if (m_tray)
         return;
     m_tray = std::make_unique<QSystemTrayIcon>();
-    m_tray->setIcon(MenuIcons::trayIcon(m_library));
-    m_tray->setToolTip(QStringLiteral("Pictray"));
+    updateLook();
+    connect(&m_prefs, &Preferences::pickerHotKeyChanged, this, &StatusItemController::updateLook);
     // Attached for good: trays that draw the menu themselves (StatusNotifier
     // hosts) need it, and on XEmbed trays Qt opens it on a right click.
     m_tray->setContextMenu(&m_menu);
@@ -56,9 +58,34 @@ void StatusItemController::updateVisibility()
         return;
     }
     m_trayPoll.stop();
+    if (wanted)
+        updateLook(); // a tray that came late may want another colour
     m_tray->setVisible(wanted);
     if (wanted && StartupTrace::enabled())
         traceDocking();
+}
+
+void StatusItemController::updateLook()
+{
+    if (!m_tray)
+        return;
+    if (const QColor color = m_foreground(); color != m_iconColor) {
+        m_iconColor = color;
+        m_tray->setIcon(MenuIcons::trayIcon(m_library, color));
+    }
+    m_tray->setToolTip(toolTip());
+}
+
+QString StatusItemController::toolTip() const
+{
+    const std::optional<KeyCombo> combo = m_prefs.pickerHotKey();
+    if (!combo)
+        return QStringLiteral("Pictray");
+    const KeyboardLayout* layout = m_hasLayout ? m_layout.get() : KeyboardLayout::current().get();
+    const Rendition rendition = hostRendition();
+    // Mac key caps run together ("⌃⌥I"); elsewhere they are joined with "+".
+    const QString joiner = rendition == Rendition::mac ? QString() : QStringLiteral("+");
+    return QStringLiteral("Pictray — ") + combo->keyCaps(rendition, layout).join(joiner);
 }
 
 void StatusItemController::traceDocking()

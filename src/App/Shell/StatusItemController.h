@@ -58,6 +58,13 @@ public:
         m_trayAvailable = std::move(available);
     }
     bool isShown() const;
+    // The colour the tray icon is drawn in, asked whenever the icon shows.
+    void setTrayForeground(std::function<QColor()> foreground)
+    {
+        m_foreground = std::move(foreground);
+    }
+    // "Pictray — " and the picker's shortcut, as the tray shows on hover.
+    QString toolTip() const;
 
     // The icon's frame on the screen; empty when hidden or the tray does not tell.
     QRect trayIconGeometry() const;
@@ -79,6 +86,7 @@ private:
     void activated(QSystemTrayIcon::ActivationReason reason);
     void pollForTray();
     void traceDocking();
+    void updateLook();
     TrayMenuContent content() const;
 
     Preferences& m_prefs;
@@ -92,4 +100,6 @@ private:
     QTimer m_trayPoll;
     std::function<bool()> m_trayAvailable = &QSystemTrayIcon::isSystemTrayAvailable;
     int m_polls = 0;
+    std::function<QColor()> m_foreground = [] { return QColor(Qt::black); };
+    QColor m_iconColor;
 };
