@@ -1,15 +1,17 @@
 #include "FormatMenu.h"
 
 #include "Export/IconRenderer.h"
-#include "PanelKeys.h"
 #include "State/Preferences.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace {
 
 constexpr double iconSize = 15;
 constexpr double iconStroke = 1.8;
+// Between the button and the menu.
+constexpr int gap = 4;
 
 QPixmap painted(const QPixmap& mask, const QColor& color)
 {
@@ -47,63 +49,43 @@ FormatMenu::FormatMenu(const Preferences& prefs, const IconLibrary& library, Exp
                        Rendition rendition, QWidget* parent)
     : QMenu(QStringLiteral("Copy as"), parent)
 {
+    const OfferedFormats offered = OfferedFormats::from(prefs, rendition);
     addSection(QStringLiteral("Code"));
-    for (const ExportFormat format : Formats::codeFormats())
-        addFormat(format, prefs, library, current, rendition);
-    if (const QList<ExportFormat> images = prefs.enabledPNGFormats(); !images.isEmpty()) {
+    for (const OfferedFormat& entry : offered.code)
+        addFormat(entry, library, current);
+    if (!offered.image.isEmpty()) {
         addSeparator();
         addSection(QStringLiteral("Image"));
-        for (const ExportFormat format : images)
-            addFormat(format, prefs, library, current, rendition);
+        for (const OfferedFormat& entry : offered.image)
+            addFormat(entry, library, current);
     }
     addSeparator();
     addAction(QStringLiteral("Customize Formats…"), this, &FormatMenu::customizeRequested);
 }
 
-QKeySequence FormatMenu::shortcutFor(ExportFormat format, Rendition rendition)
+QPoint FormatMenu::popupPosition(const QRect& button, const QSize& menu, const QRect& screen)
 {
-    if (const std::optional<int> scale = Formats::pngScale(format))
-        return QKeySequence(Qt::ControlModifier | Qt::Key(Qt::Key_0 + *scale));
-    const auto index = static_cast<int>(Formats::codeFormats().indexOf(format));
-    return QKeySequence(PanelKeys::secondaryModifier(rendition) | Qt::Key(Qt::Key_1 + index));
+    int y = button.bottom() + 1 + gap;
+    if (y + menu.height() > screen.bottom() + 1)
+        y = std::max(screen.top(), button.top() - gap - menu.height());
+    const int x = std::clamp(button.left(), screen.left(),
+                             std::max(screen.left(), screen.right() + 1 - menu.width()));
+    return {x, y};
 }
 
-QString FormatMenu::iconNameFor(ExportFormat format)
+void FormatMenu::addFormat(const OfferedFormat& entry, const IconLibrary& library,
+                           ExportFormat current)
 {
-    switch (format) {
-    case ExportFormat::svg:
-        return QStringLiteral("file-type-svg");
-    case ExportFormat::jsx:
-        return QStringLiteral("brand-react");
-    case ExportFormat::vue:
-        return QStringLiteral("brand-vue");
-    case ExportFormat::blade:
-        return QStringLiteral("brand-laravel");
-    case ExportFormat::tailwind:
-        return QStringLiteral("brand-tailwind");
-    case ExportFormat::dataURI:
-        return QStringLiteral("link");
-    case ExportFormat::png1:
-    case ExportFormat::png2:
-    case ExportFormat::png3:
-        break;
-    }
-    return QStringLiteral("file-type-png");
-}
-
-void FormatMenu::addFormat(ExportFormat format, const Preferences& prefs,
-                           const IconLibrary& library, ExportFormat current, Rendition rendition)
-{
-    QAction* action = addAction(Formats::label(format, prefs.reactLanguage()));
-    action->setData(rawValue(format));
+    QAction* action = addAction(entry.label);
+    action->setData(rawValue(entry.format));
     action->setCheckable(true);
-    action->setChecked(format == current);
+    action->setChecked(entry.format == current);
     // Shown with the platform's words; pressed while the menu is open it
     // does what the hint says.
-    action->setShortcut(shortcutFor(format, rendition));
+    action->setShortcut(entry.keys);
     action->setShortcutVisibleInContextMenu(true);
     action->setIcon(
-        tinted(IconRenderer::templateImage(library, iconNameFor(format), iconSize, iconStroke),
-               palette()));
+        tinted(IconRenderer::templateImage(library, entry.glyph, iconSize, iconStroke), palette()));
+    const ExportFormat format = entry.format;
     connect(action, &QAction::triggered, this, [this, format] { emit formatChosen(format); });
 }

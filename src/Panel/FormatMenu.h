@@ -2,17 +2,16 @@
 
 #include "Base/ExportFormat.h"
 #include "Base/Rendition.h"
+#include "OfferedFormats.h"
 
-#include <QKeySequence>
 #include <QMenu>
 
 class IconLibrary;
 class Preferences;
 
-// The picker's "Copy as" menu: the six code formats, the PNG sizes switched
-// on in the settings, and a way to the copy settings. Each format shows its
-// catalogue icon, its shortcut in the panel, and a check on the format the
-// picker copies in now. Built for one opening.
+// The picker's "Copy as" menu: the offered formats and a way to the copy
+// settings. Each format shows its catalogue icon, its key in the panel, and
+// a check on the format the picker copies in now. Built for one opening.
 class FormatMenu : public QMenu {
     Q_OBJECT
 
@@ -20,17 +19,15 @@ public:
     FormatMenu(const Preferences& prefs, const IconLibrary& library, ExportFormat current,
                Rendition rendition, QWidget* parent = nullptr);
 
-    // The panel's shortcut for the format: Alt+1…6 for code (Control on a
-    // Mac), Ctrl+1…3 for PNG.
-    static QKeySequence shortcutFor(ExportFormat format, Rendition rendition);
-    // The catalogue icon that stands for the format.
-    static QString iconNameFor(ExportFormat format);
+    // Where a menu of this size opens for a button (both on the screen):
+    // under it, or over it where the screen ends below, and never past the
+    // screen's sides, so it stays on the panel's screen.
+    static QPoint popupPosition(const QRect& button, const QSize& menu, const QRect& screen);
 
 signals:
     void formatChosen(ExportFormat format);
     void customizeRequested();
 
 private:
-    void addFormat(ExportFormat format, const Preferences& prefs, const IconLibrary& library,
-                   ExportFormat current, Rendition rendition);
+    void addFormat(const OfferedFormat& entry, const IconLibrary& library, ExportFormat current);
 };

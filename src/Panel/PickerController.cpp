@@ -17,6 +17,7 @@
 #include <QDrag>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScreen>
 #include <QTimer>
 #include <cmath>
 
@@ -288,8 +289,11 @@ void PickerController::openFormatMenu(const QRectF& copyButton)
         });
     });
     m_showingMenu = true;
-    menu->popup(
-        m_panel->mapToGlobal(QPointF(copyButton.left(), copyButton.bottom() + 4)).toPoint());
+    const QRect button(m_panel->mapToGlobal(copyButton.topLeft()).toPoint(),
+                       copyButton.size().toSize());
+    const QScreen* screen = m_panel->screen();
+    const QRect area = screen ? screen->availableGeometry() : button;
+    menu->popup(FormatMenu::popupPosition(button, menu->sizeHint(), area));
 }
 
 FormatMenu* PickerController::formatMenu() const

@@ -1,4 +1,4 @@
-#include "Panel/FormatMenu.h"
+#include "Panel/OfferedFormats.h"
 #include "Panel/PanelKeys.h"
 #include "Platform/Xkb/XkbKeyboardLayout.h"
 
@@ -39,9 +39,9 @@ private slots:
         QCOMPARE(effect(PanelKeys::actionFor(meta1, Rendition::pc, nullptr)), QString());
         QCOMPARE(effect(PanelKeys::actionFor(meta1, Rendition::mac, nullptr)), u"copy:svg"_qs);
         QCOMPARE(effect(PanelKeys::actionFor(alt1, Rendition::mac, nullptr)), QString());
-        QCOMPARE(FormatMenu::shortcutFor(ExportFormat::vue, Rendition::pc),
+        QCOMPARE(OfferedFormats::shortcutFor(ExportFormat::vue, Rendition::pc),
                  QKeySequence(Qt::ALT | Qt::Key_3));
-        QCOMPARE(FormatMenu::shortcutFor(ExportFormat::vue, Rendition::mac),
+        QCOMPARE(OfferedFormats::shortcutFor(ExportFormat::vue, Rendition::mac),
                  QKeySequence(Qt::META | Qt::Key_3));
     }
 

@@ -400,6 +400,26 @@ private slots:
         QVERIFY(!controller->isVisible());
     }
 
+    // The menu hangs under the copy button, over it where the screen ends,
+    // and keeps to the screen's sides.
+    void menuStaysOnThePanelsScreen_data()
+    {
+        QTest::addColumn<QRect>("button");
+        QTest::addColumn<QPoint>("position");
+        QTest::newRow("room below") << QRect(100, 300, 240, 36) << QPoint(100, 340);
+        QTest::newRow("screen ends below") << QRect(100, 650, 240, 36) << QPoint(100, 346);
+        QTest::newRow("right edge") << QRect(1200, 300, 60, 36) << QPoint(1000, 340);
+        QTest::newRow("second screen") << QRect(1300, 300, 240, 36) << QPoint(1300, 340);
+    }
+    void menuStaysOnThePanelsScreen()
+    {
+        QFETCH(QRect, button);
+        QFETCH(QPoint, position);
+        const QRect screen =
+            button.left() >= 1280 ? QRect(1280, 0, 1920, 1080) : QRect(0, 0, 1280, 720);
+        QCOMPARE(FormatMenu::popupPosition(button, QSize(280, 300), screen), position);
+    }
+
     void menuIconsShowOnADarkMenu()
     {
         // Black template masks would vanish on a dark menu: they take its text colour.

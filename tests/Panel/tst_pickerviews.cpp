@@ -269,6 +269,44 @@ private slots:
         controller->formatMenu()->hide();
     }
 
+    // The inspector's list and the Ctrl+Return menu offer the same formats
+    // with the same keys, the PNG sizes included only where switched on.
+    void bothCopyAsListsOfferTheSame()
+    {
+        f->prefs.setPng1x(true);
+        f->prefs.setPng2x(false);
+        f->prefs.setPng3x(true);
+        QQuickWindow* panel = showPanel();
+        f->model->setQuery(u"arrow"_qs);
+        controller->showFormatMenu();
+        QTRY_VERIFY(controller->formatMenu());
+        QStringList menu;
+        for (const QAction* action : controller->formatMenu()->actions()) {
+            if (!action->data().isNull())
+                menu << action->text() + u' ' +
+                            action->shortcut().toString(QKeySequence::NativeText);
+        }
+        controller->formatMenu()->close();
+        QStringList list;
+        // The list's items live in the popup, made when it opens.
+        QObject* popup = findItem(panel->contentItem(), u"formatChoice"_qs)
+                             ->findChild<QObject*>(u"formatPopup"_qs);
+        QMetaObject::invokeMethod(popup, "open");
+        QTRY_VERIFY(popup->property("opened").toBool());
+        const auto textOf = [&](const QString& name) {
+            QQuickItem* found = findItem(panel->contentItem(), name);
+            return found ? found->property("text").toString() : QString();
+        };
+        for (const QString& group : {u"formatGroupCode"_qs, u"formatGroupImage"_qs}) {
+            for (int i = 0; !textOf(group + u"Item"_qs + QString::number(i)).isEmpty(); ++i)
+                list << textOf(group + u"Item"_qs + QString::number(i)) + u' ' +
+                            textOf(group + u"Keys"_qs + QString::number(i));
+        }
+        QCOMPARE(list, menu);
+        QCOMPARE(menu.size(), 8);
+        QVERIFY(menu.contains(u"PNG @3x Ctrl+3"_qs));
+    }
+
     // While the inspector's "Copy as" list is open it has the keys: Escape
     // closes only the list, the arrows move in it and Return picks from it.
     void openFormatListTakesTheKeys()

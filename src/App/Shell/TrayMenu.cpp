@@ -2,7 +2,7 @@
 
 #include "Catalog/IconLibrary.h"
 #include "MenuIcons.h"
-#include "Panel/FormatMenu.h"
+#include "Panel/OfferedFormats.h"
 #include "RecentRow.h"
 
 #include <QActionGroup>
@@ -99,9 +99,10 @@ void addDefaultFormat(QMenu& menu, const TrayMenuContent& content, const IconLib
     auto* group = new QActionGroup(formats);
     group->setExclusive(true);
     for (const ExportFormat format : Formats::codeFormats() + content.pngFormats) {
-        QAction* item = formats->addAction(
-            MenuIcons::glyph(library, FormatMenu::iconNameFor(format), formatGlyphSize, glyphColor),
-            Formats::label(format, content.reactLanguage));
+        QAction* item =
+            formats->addAction(MenuIcons::glyph(library, OfferedFormats::glyphFor(format),
+                                                formatGlyphSize, glyphColor),
+                               Formats::label(format, content.reactLanguage));
         item->setData(rawValue(format));
         item->setCheckable(true);
         item->setChecked(format == content.defaultFormat);

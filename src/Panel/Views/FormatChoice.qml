@@ -5,8 +5,9 @@ import QtQuick.Controls.Basic
 import Pictray.Kit
 import Pictray.Picker
 
-// The copy format: a button with the current format that opens a list of
-// the text formats under "Code" and the enabled PNG scales under "Image".
+// The copy format: a button with the current format that opens the list the
+// Ctrl+Return menu shows too: the code formats under "Code" and the enabled
+// PNG scales under "Image", each with its glyph and its key.
 Rectangle {
     id: choice
     required property PickerBindings bindings
@@ -65,8 +66,8 @@ Rectangle {
         // Return picks it, Escape closes.
         focus: true
         property int highlighted: -1
-        readonly property int count: choice.bindings.codeFormatLabels.length
-                                     + choice.bindings.imageFormatLabels.length
+        readonly property int count: choice.bindings.codeFormats.count
+                                     + choice.bindings.imageFormats.count
         onAboutToShow: highlighted = choice.bindings.formatIndex
         // Typing goes back to the search field.
         onClosed: choice.bindings.model.requestSearchFocus()
@@ -91,16 +92,16 @@ Rectangle {
                 width: parent.width
                 title: "Code"
                 objectName: "formatGroupCode"
-                labels: choice.bindings.codeFormatLabels
+                formats: choice.bindings.codeFormats
                 firstIndex: 0
             }
             FormatGroup {
                 width: parent.width
-                visible: labels.length > 0
+                visible: formats.count > 0
                 title: "Image"
                 objectName: "formatGroupImage"
-                labels: choice.bindings.imageFormatLabels
-                firstIndex: choice.bindings.codeFormatLabels.length
+                formats: choice.bindings.imageFormats
+                firstIndex: choice.bindings.codeFormats.count
             }
         }
     }
@@ -108,7 +109,7 @@ Rectangle {
     component FormatGroup: Column {
         id: group
         property string title
-        property var labels: []
+        property FormatListModel formats
         property int firstIndex: 0
         Text {
             objectName: group.objectName + "Title"
@@ -121,11 +122,13 @@ Rectangle {
             font.weight: Font.DemiBold
         }
         Repeater {
-            model: group.labels
+            model: group.formats
             Rectangle {
                 id: formatItem
                 required property int index
-                required property string modelData
+                required property string label
+                required property string glyph
+                required property string keys
                 readonly property int formatIndex: group.firstIndex + index
                 readonly property bool current: formatIndex === choice.bindings.formatIndex
                 readonly property bool highlighted: formatIndex === popup.highlighted
@@ -134,7 +137,8 @@ Rectangle {
                 radius: Theme.smallRadius
                 color: highlighted ? Theme.accentFill : "transparent"
                 Accessible.role: Accessible.MenuItem
-                Accessible.name: modelData
+                Accessible.name: label
+                Accessible.description: keys
                 IconImage {
                     anchors.left: parent.left
                     anchors.leftMargin: 6
@@ -144,14 +148,35 @@ Rectangle {
                     size: 14
                     currentColor: formatItem.highlighted ? Theme.accentText : Theme.text
                 }
-                Text {
-                    objectName: group.objectName + "Item" + formatItem.index
+                IconImage {
                     anchors.left: parent.left
                     anchors.leftMargin: 26
                     anchors.verticalCenter: parent.verticalCenter
-                    text: formatItem.modelData
+                    name: formatItem.glyph
+                    size: 14
+                    currentColor: formatItem.highlighted ? Theme.accentText : Theme.textSecondary
+                }
+                Text {
+                    objectName: group.objectName + "Item" + formatItem.index
+                    anchors.left: parent.left
+                    anchors.leftMargin: 48
+                    anchors.right: keyText.left
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: formatItem.label
                     color: formatItem.highlighted ? Theme.accentText : Theme.text
                     font.pixelSize: 13
+                    elide: Text.ElideRight
+                }
+                Text {
+                    id: keyText
+                    objectName: group.objectName + "Keys" + formatItem.index
+                    anchors.right: parent.right
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: formatItem.keys
+                    color: formatItem.highlighted ? Theme.accentText : Theme.textTertiary
+                    font.pixelSize: 12
                 }
                 MouseArea {
                     anchors.fill: parent

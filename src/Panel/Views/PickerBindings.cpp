@@ -10,7 +10,10 @@ constexpr int nearMatchLimit = 5;
 
 } // namespace
 
-PickerBindings::PickerBindings(QObject* parent) : QObject(parent), m_results(this) {}
+PickerBindings::PickerBindings(QObject* parent) : QObject(parent), m_results(this)
+{
+    connect(this, &PickerBindings::formatsChanged, this, &PickerBindings::refreshFormatLists);
+}
 
 void PickerBindings::setModel(PickerModel* model)
 {
@@ -243,41 +246,26 @@ QStringList PickerBindings::swatchLabels() const
     return labels;
 }
 
-QList<ExportFormat> PickerBindings::offeredFormats() const
+OfferedFormats PickerBindings::offeredFormats() const
 {
-    if (!m_model)
-        return {};
-    return Formats::codeFormats() + m_model->prefs()->enabledPNGFormats();
+    return m_model ? OfferedFormats::from(*m_model->prefs(), hostRendition()) : OfferedFormats();
 }
 
-QStringList PickerBindings::codeFormatLabels() const
+void PickerBindings::refreshFormatLists()
 {
-    QStringList labels;
-    if (m_model) {
-        for (const ExportFormat format : Formats::codeFormats())
-            labels.append(Formats::label(format, m_model->prefs()->reactLanguage()));
-    }
-    return labels;
-}
-
-QStringList PickerBindings::imageFormatLabels() const
-{
-    QStringList labels;
-    if (m_model) {
-        for (const ExportFormat format : m_model->prefs()->enabledPNGFormats())
-            labels.append(Formats::label(format, m_model->prefs()->reactLanguage()));
-    }
-    return labels;
+    const OfferedFormats offered = offeredFormats();
+    m_codeFormats.setEntries(offered.code);
+    m_imageFormats.setEntries(offered.image);
 }
 
 int PickerBindings::formatIndex() const
 {
-    return m_model ? static_cast<int>(offeredFormats().indexOf(m_model->format())) : -1;
+    return m_model ? static_cast<int>(offeredFormats().all().indexOf(m_model->format())) : -1;
 }
 
 void PickerBindings::setFormatIndex(int index)
 {
-    const QList<ExportFormat> formats = offeredFormats();
+    const QList<ExportFormat> formats = offeredFormats().all();
     if (index >= 0 && index < formats.size())
         m_model->setFormat(formats.at(index));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Base/ExportFormat.h"
+#include "FormatListModel.h"
 #include "Picker/PickerModel.h"
 #include "Picker/PickerResultsModel.h"
 #include "PickerTypes.h"
@@ -43,9 +44,10 @@ class PickerBindings : public QObject {
     Q_PROPERTY(QString strokeLabel READ strokeLabel NOTIFY inspectorChanged)
     Q_PROPERTY(QStringList swatchValues READ swatchValues NOTIFY inspectorChanged)
     Q_PROPERTY(QStringList swatchLabels READ swatchLabels NOTIFY inspectorChanged)
-    Q_PROPERTY(QStringList codeFormatLabels READ codeFormatLabels NOTIFY formatsChanged)
-    Q_PROPERTY(QStringList imageFormatLabels READ imageFormatLabels NOTIFY formatsChanged)
-    // Into the code labels, then on into the image labels.
+    // The offered formats in two groups, as the Ctrl+Return menu shows them.
+    Q_PROPERTY(FormatListModel* codeFormats READ codeFormats CONSTANT)
+    Q_PROPERTY(FormatListModel* imageFormats READ imageFormats CONSTANT)
+    // Into the code formats, then on into the image formats.
     Q_PROPERTY(int formatIndex READ formatIndex WRITE setFormatIndex NOTIFY formatsChanged)
     Q_PROPERTY(QString formatLabel READ formatLabel NOTIFY formatsChanged)
     Q_PROPERTY(QString copyButtonTitle READ copyButtonTitle NOTIFY formatsChanged)
@@ -87,8 +89,8 @@ public:
     QString strokeLabel() const;
     QStringList swatchValues() const;
     QStringList swatchLabels() const;
-    QStringList codeFormatLabels() const;
-    QStringList imageFormatLabels() const;
+    FormatListModel* codeFormats() { return &m_codeFormats; }
+    FormatListModel* imageFormats() { return &m_imageFormats; }
     int formatIndex() const;
     void setFormatIndex(int index);
     QString formatLabel() const;
@@ -117,14 +119,16 @@ signals:
     void formatsChanged();
 
 private:
-    // The copy formats offered: the text formats, then the enabled PNG scales.
-    QList<ExportFormat> offeredFormats() const;
+    OfferedFormats offeredFormats() const;
+    void refreshFormatLists();
 
     // Suggestions are searched once per query that found nothing.
     void computeNearMatches() const;
 
     QPointer<PickerModel> m_model;
     PickerResultsModel m_results;
+    FormatListModel m_codeFormats;
+    FormatListModel m_imageFormats;
     mutable QString m_nearQuery;
     mutable QStringList m_nearWords;
     mutable QStringList m_nearNames;
