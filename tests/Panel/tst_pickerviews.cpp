@@ -357,10 +357,12 @@ private slots:
         QCOMPARE(text(u"chipText3"_qs), f->library->categories().constFirst());
 
         QQuickItem* chip = item(u"chip2"_qs);
+        const qreal width = chip->width();
         QTest::mouseClick(
             window.get(), Qt::LeftButton, {},
             chip->mapToScene(QPointF(chip->width() / 2, chip->height() / 2)).toPoint());
         QCOMPARE(f->model->tab(), PickerTab::recents());
+        QCOMPARE(chip->width(), width); // bold takes no more room
 
         // Paging moves by 0.7 of the visible width and updates both arrows.
         QObject* wheel = item(u"chipsWheel"_qs);

@@ -82,9 +82,18 @@ Item {
                     size: 14
                     currentColor: chip.current ? Theme.accentText : Theme.textSecondary
                 }
+                // As wide as in bold, so choosing a chip moves nothing.
+                TextMetrics {
+                    id: boldChipText
+                    font.pixelSize: 12
+                    font.weight: Font.DemiBold
+                    text: chip.modelData
+                }
                 Text {
                     objectName: "chipText" + chip.index
                     anchors.verticalCenter: parent.verticalCenter
+                    width: Math.ceil(boldChipText.advanceWidth)
+                    horizontalAlignment: Text.AlignHCenter
                     text: chip.modelData
                     color: chip.current ? Theme.accentText : Theme.text
                     font.pixelSize: 12

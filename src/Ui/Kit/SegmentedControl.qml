@@ -35,7 +35,8 @@ Rectangle {
                 required property int index
                 required property string modelData
                 readonly property bool current: index === control.currentIndex
-                width: Math.max(64, label.implicitWidth + 24)
+                // As wide as in bold, so choosing a segment moves nothing.
+                width: Math.max(64, Math.ceil(boldLabel.advanceWidth) + 24)
                 height: segmentRow.height
                 radius: Theme.smallRadius - 2
                 color: current ? Theme.controlSelected : (hoverArea.containsMouse ? Theme.hover : "transparent")
@@ -44,6 +45,12 @@ Rectangle {
                 Accessible.role: Accessible.PageTab
                 Accessible.name: modelData
                 Accessible.checked: current
+                TextMetrics {
+                    id: boldLabel
+                    font.pixelSize: 12
+                    font.weight: Font.DemiBold
+                    text: segment.modelData
+                }
                 Text {
                     id: label
                     objectName: control.objectName + "Segment" + segment.index
