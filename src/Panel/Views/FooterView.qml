@@ -5,8 +5,8 @@ import QtQuick.Layouts
 import Pictray.Kit
 import Pictray.Picker
 
-// Key hints: while searching how to clear and close, otherwise how to copy
-// and favourite; at the trailing end the catalogue's size or a drag hint.
+// Key hints: while searching how to clear and close, otherwise how to copy,
+// pick a format and favourite; at the trailing end the catalogue's size or a drag hint.
 Item {
     id: footer
     required property PickerModel model
@@ -14,7 +14,8 @@ Item {
 
     readonly property var hints: model.isSearching
         ? [["esc", "Clear"], ["esc esc", "Close panel"]]
-        : [["\u21B5", "Copy"], [bindings.favoriteKeys, "Favorite"]]
+        : [["\u21B5", "Copy"], [bindings.formatMenuKeys, "Copy as\u2026"],
+           [bindings.formatKeys, "Format"], [bindings.favoriteKeys, "Favorite"]]
 
     implicitHeight: 38
 
@@ -43,9 +44,11 @@ Item {
                 }
             }
         }
-        Item { Layout.fillWidth: true }
         Text {
             objectName: "footerTrailing"
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignRight
+            elide: Text.ElideRight
             text: footer.model.isSearching ? footer.bindings.iconCountLine
                                            : footer.bindings.dragAnyHint
             color: Theme.textTertiary

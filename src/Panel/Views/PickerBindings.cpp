@@ -281,6 +281,21 @@ QString PickerBindings::copyButtonTitle() const
     return QStringLiteral("Copy ") + formatLabel();
 }
 
+QString PickerBindings::formatMenuKeys()
+{
+    return QKeySequence(Qt::CTRL | Qt::Key_Return)
+        .toString(QKeySequence::NativeText)
+        .replace(QStringLiteral("Return"), QStringLiteral("\u21B5"));
+}
+
+QString PickerBindings::formatKeys()
+{
+    const QList<ExportFormat> code = Formats::codeFormats();
+    return OfferedFormats::shortcutFor(code.first(), hostRendition())
+               .toString(QKeySequence::NativeText) +
+           QStringLiteral("\u2026") + QString::number(code.size());
+}
+
 QString PickerBindings::favoriteKeys(QKeySequence::SequenceFormat format)
 {
     return QKeySequence(Qt::CTRL | Qt::Key_D).toString(format);

@@ -55,6 +55,10 @@ class PickerBindings : public QObject {
     // The grid's columns, the ones the model's keyboard moves count with.
     Q_PROPERTY(int columns READ columns CONSTANT)
     Q_PROPERTY(QString favoriteKeys READ favoriteKeys CONSTANT)
+    // Ctrl+Return, which opens the "Copy as" menu, and the format keys
+    // Alt+1…6, as the footer names them.
+    Q_PROPERTY(QString formatMenuKeys READ formatMenuKeys CONSTANT)
+    Q_PROPERTY(QString formatKeys READ formatKeys CONSTANT)
     Q_PROPERTY(QUrl requestIconUrl READ requestIconUrl CONSTANT)
     // The drag hints, naming applications of this desktop.
     Q_PROPERTY(QString dragHint READ dragHint CONSTANT)
@@ -101,6 +105,8 @@ public:
     // macOS, "Ctrl+D" elsewhere.
     QString favoriteKeys() const { return favoriteKeys(QKeySequence::NativeText); }
     static QString favoriteKeys(QKeySequence::SequenceFormat format);
+    static QString formatMenuKeys();
+    static QString formatKeys();
     static QUrl requestIconUrl();
     static QString dragHint();
     static QString dragAnyHint();
