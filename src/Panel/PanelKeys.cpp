@@ -121,6 +121,8 @@ PanelKeyAction actionFor(const QKeyEvent& event, Rendition rendition, const Keyb
         return copyAs(Formats::codeFormats().at(typed.unicode() - u'1'));
     if (modifiers == (primary | Qt::ShiftModifier) && (typed == u'o' || typed == u'f'))
         return act(Kind::toggleStyle);
+    if (modifiers == (primary | Qt::ShiftModifier) && typed == u'a')
+        return act(Kind::searchAll);
     return {};
 }
 

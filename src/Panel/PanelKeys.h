@@ -24,6 +24,7 @@ struct PanelKeyAction {
         close,
         quit,
         toggleStyle,
+        searchAll, // the same query over the whole catalogue
     };
     Kind kind = Kind::none;
     std::optional<ExportFormat> format;

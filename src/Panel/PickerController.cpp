@@ -203,6 +203,10 @@ bool PickerController::handle(const QKeyEvent& event)
         m_model.setStyle(m_model.style() == IconStyle::outline ? IconStyle::filled
                                                                : IconStyle::outline);
         break;
+    case Kind::searchAll:
+        if (!m_model.searchAllIcons())
+            beep();
+        break;
     }
     return true;
 }

@@ -172,6 +172,20 @@ void PickerModel::setTab(const PickerTab& tab)
     refresh(false);
 }
 
+bool PickerModel::canSearchAllIcons() const
+{
+    return isSearching() && m_results.isEmpty() && m_tab != PickerTab::all();
+}
+
+bool PickerModel::searchAllIcons()
+{
+    if (!canSearchAllIcons())
+        return false;
+    setTab(PickerTab::all());
+    requestSearchFocus();
+    return true;
+}
+
 void PickerModel::setStyle(IconStyle style)
 {
     if (style == m_style)

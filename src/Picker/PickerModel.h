@@ -124,6 +124,10 @@ public:
     // copied() on success. Nothing to copy: nothingToCopy(), false.
     Q_INVOKABLE bool copy(std::optional<ExportFormat> format = std::nullopt);
     Q_INVOKABLE void requestSearchFocus();
+    // A search that finds nothing in a narrower tab moves to the all tab
+    // with its query; false when there is no such search.
+    Q_INVOKABLE bool searchAllIcons();
+    bool canSearchAllIcons() const;
     // Tells the views to redraw what they take from outside the model
     // (settings, favorites).
     Q_INVOKABLE void announceChange();

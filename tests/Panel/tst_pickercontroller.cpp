@@ -192,6 +192,7 @@ private slots:
         row("Ctrl+Shift+O", Qt::Key_O, ctrl | shift, "style");
         row("Ctrl+Shift+F", Qt::Key_F, ctrl | shift, "style");
         row("Ctrl+O", Qt::Key_O, ctrl, "");
+        row("Ctrl+Shift+A, results here", Qt::Key_A, ctrl | shift, "beep");
         row("a is typing", Qt::Key_A, none, "");
     }
 
@@ -418,6 +419,24 @@ private slots:
         const QRect screen =
             button.left() >= 1280 ? QRect(1280, 0, 1920, 1080) : QRect(0, 0, 1280, 720);
         QCOMPARE(FormatMenu::popupPosition(button, QSize(280, 300), screen), position);
+    }
+
+    // A tab that finds nothing hands its query to the all tab in one key.
+    void searchAllMovesAnEmptyTabsQuery()
+    {
+        controller->show(PickerTab::favorites());
+        f->model->setQuery(u"brand"_qs);
+        QVERIFY(f->model->results().isEmpty() && f->model->canSearchAllIcons());
+        bool consumed = false;
+        QCOMPARE(effectOf(QKeyEvent(QEvent::KeyPress, Qt::Key_A,
+                                    Qt::ControlModifier | Qt::ShiftModifier),
+                          consumed),
+                 u"move:1 focus"_qs); // the first result selected
+        QCOMPARE(f->model->tab(), PickerTab::all());
+        QCOMPARE(f->model->query(), u"brand"_qs);
+        QVERIFY(!f->model->results().isEmpty());
+        f->model->setQuery(u"zzzz"_qs); // nothing anywhere: nowhere to go
+        QVERIFY(!f->model->searchAllIcons());
     }
 
     void menuIconsShowOnADarkMenu()

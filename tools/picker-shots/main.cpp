@@ -131,6 +131,10 @@ int main(int argc, char** argv)
     shoot(QStringLiteral("search-arrow"));
     model.setQuery(QStringLiteral("zzzz"));
     shoot(QStringLiteral("no-results"));
+    model.setTab(PickerTab::favorites());
+    model.setQuery(QStringLiteral("arrow"));
+    shoot(QStringLiteral("search-all"));
+    model.setTab(PickerTab::all());
     model.setQuery(QString());
     model.setStyle(IconStyle::filled);
     model.setColor(QStringLiteral("#DC2626"));

@@ -51,6 +51,44 @@ Item {
             color: Theme.textSecondary
             font.pixelSize: 13
         }
+        // The query again over every icon, when a narrower tab found nothing.
+        Rectangle {
+            id: searchAll
+            objectName: "searchAllButton"
+            Layout.alignment: Qt.AlignHCenter
+            Layout.topMargin: 4
+            visible: empty.bindings.offersSearchAll
+            implicitWidth: searchAllRow.implicitWidth + 24
+            implicitHeight: 30
+            radius: Theme.smallRadius
+            color: searchAllArea.containsMouse ? Theme.hover : Theme.control
+            Accessible.role: Accessible.Button
+            Accessible.name: searchAllText.text
+            Accessible.description: empty.bindings.searchAllKeys
+            Accessible.onPressAction: empty.model.searchAllIcons()
+            Row {
+                id: searchAllRow
+                anchors.centerIn: parent
+                spacing: 8
+                Text {
+                    id: searchAllText
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: "Search all icons"
+                    color: Theme.text
+                    font.pixelSize: 13
+                }
+                KeyCap {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: empty.bindings.searchAllKeys
+                }
+            }
+            MouseArea {
+                id: searchAllArea
+                anchors.fill: parent
+                hoverEnabled: true
+                onClicked: empty.model.searchAllIcons()
+            }
+        }
         Text {
             objectName: "nearMatchLine"
             Layout.fillWidth: true

@@ -281,6 +281,11 @@ QString PickerBindings::copyButtonTitle() const
     return QStringLiteral("Copy ") + formatLabel();
 }
 
+QString PickerBindings::searchAllKeys()
+{
+    return QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A).toString(QKeySequence::NativeText);
+}
+
 QString PickerBindings::formatMenuKeys()
 {
     return QKeySequence(Qt::CTRL | Qt::Key_Return)

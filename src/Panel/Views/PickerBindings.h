@@ -33,6 +33,9 @@ class PickerBindings : public QObject {
     Q_PROPERTY(QString emptyGridText READ emptyGridText NOTIFY searchTextsChanged)
     Q_PROPERTY(QString emptyResultsTitle READ emptyResultsTitle NOTIFY searchTextsChanged)
     Q_PROPERTY(QString emptyResultsHint READ emptyResultsHint NOTIFY searchTextsChanged)
+    // A tab that finds nothing offers the whole catalogue, with its keys.
+    Q_PROPERTY(bool offersSearchAll READ offersSearchAll NOTIFY searchTextsChanged)
+    Q_PROPERTY(QString searchAllKeys READ searchAllKeys CONSTANT)
     Q_PROPERTY(QString nearMatchLine READ nearMatchLine NOTIFY searchTextsChanged)
     Q_PROPERTY(QStringList nearMatchNames READ nearMatchNames NOTIFY searchTextsChanged)
     Q_PROPERTY(QString iconCountLine READ iconCountLine NOTIFY searchTextsChanged)
@@ -82,6 +85,8 @@ public:
     QString emptyGridText() const;
     QString emptyResultsTitle() const;
     QString emptyResultsHint() const;
+    bool offersSearchAll() const { return m_model && m_model->canSearchAllIcons(); }
+    static QString searchAllKeys();
     QString nearMatchLine() const;
     QStringList nearMatchNames() const;
     QString iconCountLine() const;
