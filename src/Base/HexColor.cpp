@@ -33,4 +33,19 @@ bool isColorValue(QStringView text)
     return text == u"currentColor" || (text == text.trimmed() && parse(text).has_value());
 }
 
+std::optional<QString> fromTyped(QStringView text)
+{
+    text = text.trimmed();
+    if (text.compare(u"currentColor", Qt::CaseInsensitive) == 0)
+        return QStringLiteral("currentColor");
+    const QString withHash = text.startsWith(u'#') ? text.toString() : u'#' + text.toString();
+    const std::optional<QColor> color = parse(withHash);
+    if (!color)
+        return std::nullopt;
+    QString hex = color->name(QColor::HexRgb).toUpper();
+    if (color->alpha() != 255)
+        hex += QStringLiteral("%1").arg(color->alpha(), 2, 16, QLatin1Char('0')).toUpper();
+    return hex;
+}
+
 } // namespace HexColor

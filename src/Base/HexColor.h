@@ -18,4 +18,9 @@ std::optional<QColor> parse(QStringView text);
 // snippets as typed, so anything else is refused where it comes in.
 bool isColorValue(QStringView text);
 
+// What a colour field makes of typed text: white space trimmed,
+// "currentColor" in any case, or a hexadecimal colour with or without "#",
+// written "#RRGGBB" ("#RRGGBBAA" when not opaque). Nothing for anything else.
+std::optional<QString> fromTyped(QStringView text);
+
 } // namespace HexColor

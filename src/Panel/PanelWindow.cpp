@@ -79,6 +79,12 @@ bool PanelWindow::controlHasKeys() const
     return !keysGoNowhere() && activeFocusItem()->objectName() != u"searchField";
 }
 
+bool PanelWindow::editingText() const
+{
+    const QQuickItem* item = activeFocusItem();
+    return item && item->objectName() == u"hexField";
+}
+
 bool PanelWindow::keysGoNowhere() const
 {
     const QQuickItem* item = activeFocusItem();

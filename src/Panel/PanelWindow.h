@@ -35,6 +35,9 @@ public:
     // Whether a control other than the search field has the keyboard focus
     // (Tab took it there): the arrow keys are then the control's.
     bool controlHasKeys() const;
+    // Whether a text field other than the search field is being edited: it
+    // takes Return, the arrows and letters for itself.
+    bool editingText() const;
     // Whether no item has the keyboard focus: the window has the keyboard
     // before Qt has handed the focus to an item (a loaded machine, keys
     // typed right after the shortcut), and its keys would be dropped.

@@ -157,6 +157,13 @@ bool PickerController::handle(const QKeyEvent& event)
     using Kind = PanelKeyAction::Kind;
     const PanelKeyAction action =
         PanelKeys::actionFor(event, m_rendition, KeyboardLayout::current().get());
+    // A text field of the inspector keeps its keys; Escape leaves it.
+    if (m_panel && m_panel->editingText()) {
+        if (action.kind != Kind::escape)
+            return false;
+        m_model.requestSearchFocus();
+        return true;
+    }
     const bool onControl = m_panel && m_panel->controlHasKeys();
     // Typing anywhere goes on in the search field; the event is delivered
     // after this, to the item that has the focus by then, or straight to the
@@ -303,6 +310,17 @@ void PickerController::openFormatMenu(const QRectF& copyButton)
 FormatMenu* PickerController::formatMenu() const
 {
     return m_menu;
+}
+
+bool PickerController::setColorText(const QString& text)
+{
+    const std::optional<QString> color = HexColor::fromTyped(text);
+    if (!color) {
+        beep();
+        return false;
+    }
+    m_model.setColor(*color);
+    return true;
 }
 
 void PickerController::openSettings()

@@ -104,6 +104,9 @@ public:
     // Called from the views.
     // Hides the panel and asks for the settings window on its first tab.
     Q_INVOKABLE void openSettings();
+    // The colour typed into the inspector's field, as HexColor::fromTyped
+    // reads it; anything else beeps and changes nothing.
+    Q_INVOKABLE bool setColorText(const QString& text);
     // Drags the icon of that name out of the panel as the drag format setting says.
     Q_INVOKABLE void startDrag(const QString& iconName);
 

@@ -36,6 +36,27 @@ private slots:
         QFETCH(QString, text);
         QCOMPARE(HexColor::parse(text), std::nullopt);
     }
+
+    // What a colour field stores for what was typed; nothing means refused.
+    void typedTextIsNormalised_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("any case of currentColor") << u" CurrentColor "_qs << u"currentColor"_qs;
+        QTest::newRow("three digits, no #") << u"f80"_qs << u"#FF8800"_qs;
+        QTest::newRow("six digits") << u"#dc2626"_qs << u"#DC2626"_qs;
+        QTest::newRow("alpha kept") << u"DC262680"_qs << u"#DC262680"_qs;
+        QTest::newRow("opaque alpha dropped") << u"#f80f"_qs << u"#FF8800"_qs;
+        QTest::newRow("not a colour") << u"zz"_qs << QString();
+        QTest::newRow("a name") << u"red"_qs << QString();
+        QTest::newRow("empty") << u"  "_qs << QString();
+    }
+    void typedTextIsNormalised()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, stored);
+        QCOMPARE(HexColor::fromTyped(typed).value_or(QString()), stored);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestHexColor)

@@ -420,13 +420,13 @@ private slots:
             return item ? item->objectName() : QString();
         };
         QStringList order;
-        for (int i = 0; i < 10; ++i) {
+        for (int i = 0; i < 11; ++i) {
             QTest::keyClick(panel, Qt::Key_Tab);
             order << focused();
         }
         QCOMPARE(order, (QStringList{"styleControl", "settingsButton", "chip0", "favoriteToggle",
-                                     "swatches", "sizeSlider", "strokeSlider", "formatChoice",
-                                     "copyButton", "searchField"}));
+                                     "swatches", "hexField", "sizeSlider", "strokeSlider",
+                                     "formatChoice", "copyButton", "searchField"}));
         for (int i = 0; i < 4; ++i)
             QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(focused(), u"sizeSlider"_qs);
@@ -435,8 +435,8 @@ private slots:
         QTest::keyClick(panel, Qt::Key_Right);
         QCOMPARE(f->model->size(), size + 1);
         QCOMPARE(f->model->selectedIndex(), selected);
-        QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
-        QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
+        for (int i = 0; i < 3; ++i)
+            QTest::keyClick(panel, Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(focused(), u"favoriteToggle"_qs);
         QTest::keyClick(panel, Qt::Key_Space);
         QVERIFY(f->user->isFavorite(f->model->currentName()));
@@ -449,6 +449,38 @@ private slots:
         panel->contentItem()->forceActiveFocus();
         QTest::keyClick(panel, Qt::Key_I);
         QCOMPARE(f->model->query(), u"hi"_qs);
+    }
+
+    // The hex field keeps its keys: Return takes a colour that reads, and
+    // one that does not beeps and shows the current colour again.
+    void hexFieldTakesTypedColours()
+    {
+        int beeps = 0;
+        controller->setBeep([&] { ++beeps; });
+        QQuickWindow* panel = showPanel();
+        QTRY_VERIFY(panel->isActive());
+        QQuickItem* field = findItem(panel->contentItem(), u"hexField"_qs);
+        field->forceActiveFocus();
+        for (const char key : {'0', 'a', 'f'})
+            QTest::keyClick(panel, key);
+        QTest::keyClick(panel, Qt::Key_Return);
+        QCOMPARE(f->model->color(), u"#00AAFF"_qs);
+        QCOMPARE(f->targets.messages, 0);
+        QCOMPARE(f->model->query(), QString());
+        QTest::keyClick(panel, 'z');
+        QTest::keyClick(panel, 'z');
+        QTest::keyClick(panel, Qt::Key_Return);
+        QCOMPARE(beeps, 1);
+        QCOMPARE(f->model->color(), u"#00AAFF"_qs);
+        QCOMPARE(field->property("text").toString(), u"#00AAFF"_qs);
+        QTest::keyClick(panel, Qt::Key_Escape);
+        QCOMPARE(panel->activeFocusItem()->objectName(), u"searchField"_qs);
+        QVERIFY(controller->isVisible());
+
+        QQuickItem* preset = findItem(panel->contentItem(), u"sizePreset32"_qs);
+        QTest::mouseClick(panel, Qt::LeftButton, {},
+                          preset->mapToScene(QPointF(preset->width() / 2, 9)).toPoint());
+        QCOMPARE(f->model->size(), 32);
     }
 
     // A colour lost on the body (white on light) leaves the grid in the text

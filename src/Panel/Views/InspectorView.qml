@@ -175,6 +175,51 @@ Rectangle {
                         onClicked: inspector.model.color = modelData
                     }
                 }
+                // Any other colour, typed as hexadecimal; a colour that does
+                // not read beeps and the field shows the current one again.
+                Rectangle {
+                    width: 84
+                    height: 24
+                    radius: Theme.smallRadius
+                    color: Theme.field
+                    border.width: 1
+                    border.color: hexField.activeFocus ? Theme.accent : Theme.fieldBorder
+                    TextInput {
+                        id: hexField
+                        objectName: "hexField"
+                        readonly property string shown: inspector.model.color.charAt(0) === "#"
+                                                        ? inspector.model.color : ""
+                        anchors.fill: parent
+                        anchors.leftMargin: 8
+                        anchors.rightMargin: 8
+                        verticalAlignment: TextInput.AlignVCenter
+                        font.pixelSize: 12
+                        font.family: "monospace"
+                        color: Theme.text
+                        selectionColor: Theme.accentFill
+                        selectedTextColor: Theme.accentText
+                        clip: true
+                        maximumLength: 12
+                        text: shown
+                        activeFocusOnTab: true
+                        Accessible.role: Accessible.EditableText
+                        Accessible.name: "Hex color"
+                        onShownChanged: text = shown
+                        onActiveFocusChanged: activeFocus ? selectAll() : (text = shown)
+                        onAccepted: {
+                            if (!inspector.controller.setColorText(text))
+                                text = shown
+                            selectAll()
+                        }
+                        Text {
+                            anchors.verticalCenter: parent.verticalCenter
+                            visible: hexField.text.length === 0 && !hexField.activeFocus
+                            text: "#hex"
+                            color: Theme.textTertiary
+                            font: hexField.font
+                        }
+                    }
+                }
             }
         }
 
@@ -184,6 +229,40 @@ Rectangle {
             Layout.fillWidth: true
             title: "Size"
             trailing: inspector.bindings.sizeLabel
+            // The sizes icons are mostly used at, one click away.
+            accessory: Row {
+                objectName: "sizePresets"
+                spacing: 2
+                Repeater {
+                    model: [16, 20, 24, 32, 48]
+                    Rectangle {
+                        id: preset
+                        required property int modelData
+                        readonly property bool current: inspector.model.size === modelData
+                        objectName: "sizePreset" + modelData
+                        width: 26
+                        height: 18
+                        radius: 4
+                        color: current ? Theme.accentFill
+                                       : (presetArea.containsMouse ? Theme.hover : Theme.control)
+                        Accessible.role: Accessible.Button
+                        Accessible.name: modelData + " pixels"
+                        Accessible.onPressAction: inspector.model.size = modelData
+                        Text {
+                            anchors.centerIn: parent
+                            text: preset.modelData
+                            color: preset.current ? Theme.accentText : Theme.textSecondary
+                            font.pixelSize: 11
+                        }
+                        MouseArea {
+                            id: presetArea
+                            anchors.fill: parent
+                            hoverEnabled: true
+                            onClicked: inspector.model.size = preset.modelData
+                        }
+                    }
+                }
+            }
             KitSlider {
                 objectName: "sizeSlider"
                 Layout.fillWidth: true

@@ -8,6 +8,8 @@ ColumnLayout {
     property alias title: caption.text
     property alias trailing: trailingText.text
     property alias captionItem: caption
+    // Small controls shown between the caption and the trailing text.
+    property alias accessory: accessorySlot.data
     spacing: 6
 
     RowLayout {
@@ -22,6 +24,11 @@ ColumnLayout {
             font.letterSpacing: 0.4
         }
         Item { Layout.fillWidth: true }
+        Item {
+            id: accessorySlot
+            implicitWidth: childrenRect.width
+            implicitHeight: childrenRect.height
+        }
         Text {
             id: trailingText
             objectName: row.objectName + "Value"
