@@ -1,5 +1,6 @@
 #include "State/Preferences.h"
 #include "StoreFiles.h"
+#include "TestData.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -295,6 +296,31 @@ private slots:
         QCOMPARE(preferences.pickerHotKey(), Preferences::defaultPickerHotKey);
         QCOMPARE(preferences.recentsLimit(), 24);
         QVERIFY(store->userKeys().isEmpty());
+    }
+
+    // Another process's change reaches the running program's properties: each
+    // changed value signals once, an unchanged one not at all, and nothing is
+    // written back.
+    void reloadSignalsOnlyChangedValues()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        SettingsStore otherStore(store->filePath());
+        Preferences other(otherStore);
+        other.setAppearance(AppearanceMode::dark);
+        other.setPickerHotKey(Preferences::defaultPickerHotKey);
+        const QByteArray written = TestData::readFile(store->filePath());
+        QSignalSpy appearance(&preferences, &Preferences::appearanceChanged);
+        QSignalSpy hotKey(&preferences, &Preferences::pickerHotKeyChanged);
+
+        QVERIFY(store->refresh());
+        preferences.reload();
+        QCOMPARE(preferences.appearance(), AppearanceMode::dark);
+        QCOMPARE(appearance.size(), 1);
+        QCOMPARE(hotKey.size(), 0);
+        preferences.reload();
+        QCOMPARE(appearance.size(), 1);
+        QCOMPARE(TestData::readFile(store->filePath()), written);
     }
 };
 

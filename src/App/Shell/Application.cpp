@@ -2,6 +2,7 @@
 
 #include "AppWindows/WindowManager.h"
 #include "Base/KeyboardLayout.h"
+#include "Base/WatchedFile.h"
 #include "Catalog/IconLibrary.h"
 #include "Export/CopyService.h"
 #include "Panel/PickerController.h"
@@ -97,6 +98,7 @@ void Application::start()
     m_updates = std::make_unique<UpdateChecker>();
 
     subscribeToSettings();
+    followOutsideChanges();
     if (!m_prefs->hasCompletedOnboarding())
         m_windows->showOnboarding();
     StartupTrace::mark("started");
@@ -132,6 +134,21 @@ void Application::subscribeToSettings()
     connect(
         m_prefs.get(), &Preferences::recentsLimitChanged, this, [this] { m_user->trimRecents(); },
         Qt::QueuedConnection);
+}
+
+void Application::followOutsideChanges()
+{
+    // A file that cannot be taken in whole leaves every value as it is; the
+    // writer's next change is noticed again.
+    m_settingsFile = std::make_unique<WatchedFile>(m_store->filePath());
+    connect(m_settingsFile.get(), &WatchedFile::changed, this, [this] {
+        if (!m_store->refresh())
+            return;
+        m_prefs->reload();
+        m_user->reload();
+    });
+    m_catalogueFile = std::make_unique<WatchedFile>(m_library->sources().downloadedPath);
+    connect(m_catalogueFile.get(), &WatchedFile::changed, this, [this] { m_library->refresh(); });
 }
 
 void Application::reopen()
