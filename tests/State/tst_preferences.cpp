@@ -16,6 +16,7 @@ class TestPreferences : public QObject {
         return {
             uR"(pickerHotKey={"keyCode":34,"modifiers":786432})"_qs,
             uR"(copyLastHotKey={"keyCode":8,"modifiers":786432})"_qs,
+            u"automaticallyChecksForUpdates=false"_qs,
             u"showMenuBarIcon=true"_qs,
             u"pickerPosition=underMenuBarIcon"_qs,
             u"afterCopy=close"_qs,
@@ -66,7 +67,7 @@ private slots:
         int registered = 0;
         for (const QString& key : Preferences::keys())
             registered += store->registeredDefault(key).isValid();
-        QCOMPARE(registered, 27);
+        QCOMPARE(registered, 28);
         QVERIFY(!store->registeredDefault(u"hasCompletedOnboarding"_qs).isValid());
         QCOMPARE(store->writeError(), std::nullopt);
         QVERIFY(store->userKeys().isEmpty());

@@ -24,7 +24,9 @@
 
 namespace {
 constexpr int panelPreparationDelayMs = 1500;
-}
+// The automatic update check waits until start-up has long settled.
+constexpr int updateCheckDelayMs = 10'000;
+} // namespace
 
 Application::Application(Backends backends, QObject* parent)
     : QObject(parent), m_makeBackends(std::move(backends))
@@ -95,7 +97,7 @@ void Application::start()
     m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
     registerHotKeys();
     StartupTrace::mark("hot keys");
-    m_updates = std::make_unique<UpdateChecker>();
+    m_updates = std::make_unique<UpdateChecker>(*m_prefs);
 
     subscribeToSettings();
     followOutsideChanges();
@@ -106,6 +108,7 @@ void Application::start()
     // press shows it at once.
     QTimer::singleShot(panelPreparationDelayMs, m_picker.get(),
                        [this] { m_picker->preparePanel(); });
+    QTimer::singleShot(updateCheckDelayMs, m_updates.get(), [this] { m_updates->startSchedule(); });
 }
 
 void Application::registerHotKeys()
