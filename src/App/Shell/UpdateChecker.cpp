@@ -45,7 +45,7 @@ void UpdateChecker::checkIfDue()
     const QDateTime last =
         QDateTime::fromString(store.stringValue(lastCheckKey()).value_or(QString()), Qt::ISODate);
     const QDateTime now = m_clock();
-    // A last check in the future (a clock set back) does not postpone the next for long.
+    // A last check in the future (the clock was set back) does not hold the next one off.
     if (last.isValid() && last <= now &&
         last.msecsTo(now) < std::chrono::milliseconds(interval).count())
         return;
