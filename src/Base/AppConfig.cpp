@@ -40,6 +40,16 @@ QUrl supportURL()
     return QUrl(QStringLiteral("mailto:support@pictray.app"));
 }
 
+QUrl releaseFeedURL()
+{
+    return QUrl(fromEnvironment("PICTRAY_RELEASE_FEED_URL", PICTRAY_DEFAULT_RELEASE_FEED_URL));
+}
+
+QUrl downloadURL()
+{
+    return QUrl(QStringLiteral("https://pictray.app/download"));
+}
+
 QUrl tablerURL()
 {
     return QUrl(QStringLiteral("https://tabler.io/icons"));

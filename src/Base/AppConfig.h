@@ -27,4 +27,10 @@ QUrl tablerLatestURL();
 // PICTRAY_CDN_URL overrides the built-in base.
 QUrl tablerFileURL(const QString& version, const QString& file);
 
+// The program's release feed (RSS, see Catalog/ReleaseFeed.h), asked by
+// "Check for Updates…". PICTRAY_RELEASE_FEED_URL overrides the built-in address.
+QUrl releaseFeedURL();
+// Where new versions are offered when the feed names no download page.
+QUrl downloadURL();
+
 } // namespace AppConfig

@@ -125,6 +125,24 @@ void IconLibrary::load()
     apply(File{});
 }
 
+bool IconLibrary::refresh()
+{
+    for (const Candidate& candidate : candidates(m_sources)) {
+        if (!candidate.version)
+            continue;
+        if (candidate.path == m_loadedPath && *candidate.version == m_version)
+            return false;
+        QString reason;
+        if (auto file =
+                CatalogueCodec::decode(candidate.bytes, &reason, &TextArena::forThisRun())) {
+            m_loadedPath = candidate.path;
+            apply(std::move(*file));
+            return true;
+        }
+    }
+    return false;
+}
+
 void IconLibrary::setAside(const QString& path, const QString& reason)
 {
     // The shipped catalogue is part of the program and stays where it is.

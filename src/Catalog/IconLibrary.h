@@ -49,6 +49,11 @@ public:
     static QString downloadedFilePath();
 
     void load();
+    // After another process changed the downloaded file: loads the best source
+    // again when it is not the file and version loaded now. Unlike load(), a
+    // file that does not decode is skipped and left where it is, and what is
+    // loaded stays. Whether the catalogue changed.
+    bool refresh();
     void apply(File file);
     // Decodes first (nothing is written on failure), then writes atomically,
     // then applies. False with *error set on any failure.

@@ -4,6 +4,7 @@
 #include "IconLibrary.h"
 #include "PackageConverter.h"
 #include "ReleaseVersion.h"
+#include "WebFetch.h"
 
 #include <QFutureWatcher>
 #include <QJsonDocument>
@@ -202,56 +203,16 @@ void IconUpdater::install(const QString& version, quint64 check, const QList<QBy
 
 void IconUpdater::fetch(const QUrl& url, quint64 check, Done done)
 {
-    QNetworkRequest request(url);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
-                         QNetworkRequest::AlwaysNetwork);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::UserVerifiedRedirectPolicy);
-    QNetworkReply* reply = m_network.get(request);
+    QNetworkReply* reply =
+        WebFetch::get(m_network, url, maxResponseBytes, this,
+                      [this, check, done = std::move(done)](const WebFetch::Outcome& outcome) {
+                          if (check != m_check)
+                              return; // a check that failed, followed by a new one
+                          if (outcome.body)
+                              done(*outcome.body);
+                          else
+                              fail(check, outcome.error);
+                      });
     m_pending.append(reply);
-    // A redirect stays on the server asked, with the same scheme.
-    connect(reply, &QNetworkReply::redirected, reply, [reply, url](const QUrl& target) {
-        if (target.scheme() == url.scheme() && target.host() == url.host() &&
-            target.port() == url.port()) {
-            emit reply->redirectAllowed();
-            return;
-        }
-        reply->setProperty("refusedRedirect", target);
-        reply->abort();
-    });
-    connect(reply, &QNetworkReply::downloadProgress, reply, [reply](qint64 received, qint64) {
-        if (received > maxResponseBytes) {
-            reply->setProperty("tooLarge", true);
-            reply->abort();
-        }
-    });
-    connect(reply, &QNetworkReply::finished, this,
-            [this, reply, check, url, done = std::move(done)] {
-                reply->deleteLater();
-                m_pending.removeOne(reply);
-                if (check != m_check)
-                    return; // a check that failed, followed by a new one
-                if (const QVariant target = reply->property("refusedRedirect"); target.isValid()) {
-                    fail(check, QStringLiteral("%1 redirected to %2, which is not the same "
-                                               "server; refused.")
-                                    .arg(url.toDisplayString(), target.toUrl().toDisplayString()));
-                    return;
-                }
-                const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
-                if (status.isValid() && status.toInt() != 200) {
-                    fail(check, QStringLiteral("The server answered %1 for %2.")
-                                    .arg(status.toInt())
-                                    .arg(url.toDisplayString()));
-                    return;
-                }
-                if (reply->error() != QNetworkReply::NoError) {
-                    fail(check, reply->property("tooLarge").toBool()
-                                    ? QStringLiteral("The answer from %1 was too large.")
-                                          .arg(url.toDisplayString())
-                                    : QStringLiteral("%1 (%2)").arg(reply->errorString(),
-                                                                    url.toDisplayString()));
-                    return;
-                }
-                done(reply->readAll());
-            });
+    connect(reply, &QNetworkReply::finished, this, [this, reply] { m_pending.removeOne(reply); });
 }

@@ -20,6 +20,7 @@
 #define PICTRAY_PREFERENCES(X) \
     X(std::optional<KeyCombo>, pickerHotKey, PickerHotKey, Preferences::defaultPickerHotKey, false) \
     X(std::optional<KeyCombo>, copyLastHotKey, CopyLastHotKey, Preferences::defaultCopyLastHotKey, false) \
+    X(bool, automaticallyChecksForUpdates, AutomaticallyChecksForUpdates, false, true) \
     X(bool, showMenuBarIcon, ShowMenuBarIcon, true, true) \
     X(PickerPosition, pickerPosition, PickerPosition, PickerPosition::underMenuBarIcon, true) \
     X(AfterCopy, afterCopy, AfterCopy, AfterCopy::close, true) \

@@ -381,6 +381,21 @@ std::optional<QString> Preferences::setValueText(const QString& key, const QStri
     return error;
 }
 
+void Preferences::reload()
+{
+    // All values first, then the signals: a subscriber sees the whole change.
+    QList<void (Preferences::*)()> changed;
+    forEachField([&](const auto& field) {
+        auto value = read(field);
+        if (value != this->*field.member) {
+            this->*field.member = std::move(value);
+            changed.append(field.changed);
+        }
+    });
+    for (const auto signal : changed)
+        emit(this->*signal)();
+}
+
 void Preferences::reset(const QString& key)
 {
     withField(key, [&](const auto& field) {

@@ -85,6 +85,10 @@ public:
                                         Scope scope = Scope::store);
     // Forgets the user's value, so the default applies again.
     void reset(const QString& key);
+    // Reads every setting from the store again (after another process changed
+    // the file) and emits the change signal of each one whose value differs.
+    // Writes nothing.
+    void reload();
 
 signals:
     PICTRAY_PREFERENCES(PICTRAY_PREFERENCE_SIGNAL)

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
@@ -154,6 +155,20 @@ void SettingsStore::reload()
     m_settings = std::make_unique<QSettings>(m_filePath, QSettings::IniFormat);
     // Only a read of the file reports it; QSettings' cache skips an unchanged file.
     m_hasUnreadableLine |= m_settings->status() == QSettings::FormatError;
+}
+
+bool SettingsStore::refresh()
+{
+    QFile file(m_filePath);
+    if (file.open(QIODevice::ReadOnly) && file.size() > 0) {
+        if (!file.seek(file.size() - 1) || file.read(1) != "\n")
+            return false;
+    }
+    // QSettings shares what it parsed between its objects over one file, so
+    // the store cannot keep the previous reading: its callers keep their
+    // values instead, and the next write keeps the damaged file beside.
+    reload();
+    return m_settings->status() == QSettings::NoError;
 }
 
 QString SettingsStore::defaultPath()

@@ -66,6 +66,12 @@ public:
     // read of the file and the write of the result, under the lock. Nullopt
     // when written, else why not, naming the file; also kept as writeError().
     std::optional<QString> update(const std::function<void()>& change);
+    // Takes in what another process wrote since the last read, writing
+    // nothing. False, with the values read before still in place, when the
+    // file cannot be taken in whole: a line that does not parse, or a last
+    // line without its end, as a writer that replaces the file in place
+    // leaves it midway (QSettings always ends its lines).
+    bool refresh();
     // The outcome of the last write.
     std::optional<QString> writeError() const { return m_writeError; }
 

@@ -11,6 +11,7 @@
 #include <QSet>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -99,11 +100,31 @@ UserLibrary::UserLibrary(SettingsStore& store, const Preferences& preferences,
                          IconExists iconExists, QObject* parent)
     : QObject(parent), m_store(store), m_preferences(preferences),
       m_iconExists(std::move(iconExists)), m_favorites(store.stringListValue(favoritesKey())),
-      m_recents(store.stringListValue(recentsKey()))
+      m_recents(store.stringListValue(recentsKey())), m_lastCopy(storedLastCopy())
+{
+}
+
+std::optional<UserLibrary::LastCopy> UserLibrary::storedLastCopy() const
 {
     // Undecodable data stays in the store until the next copy replaces it.
-    if (const auto data = store.bytesValue(lastCopyKey()))
-        m_lastCopy = LastCopy::fromJson(*data);
+    const auto data = m_store.bytesValue(lastCopyKey());
+    return data ? LastCopy::fromJson(*data) : std::nullopt;
+}
+
+void UserLibrary::reload()
+{
+    const QStringList favorites = m_store.stringListValue(favoritesKey());
+    const QStringList recents = m_store.stringListValue(recentsKey());
+    const std::optional<LastCopy> lastCopy = storedLastCopy();
+    const bool favoritesDiffer = std::exchange(m_favorites, favorites) != favorites;
+    const bool recentsDiffer = std::exchange(m_recents, recents) != recents;
+    const bool lastCopyDiffers = std::exchange(m_lastCopy, lastCopy) != lastCopy;
+    if (favoritesDiffer)
+        emit favoritesChanged();
+    if (recentsDiffer)
+        emit recentsChanged();
+    if (lastCopyDiffers)
+        emit lastCopyChanged();
 }
 
 void UserLibrary::changeFavorites(const std::function<QStringList(const QStringList&)>& change)

@@ -68,6 +68,10 @@ public:
     void setFavorite(const QStringList& names, bool favorite);
     // Applies a lowered recents limit at once.
     void trimRecents();
+    // Reads the lists and the last copy from the store again (after another
+    // process changed them) and emits the signal of each that differs.
+    // Writes nothing.
+    void reload();
 
     // Pretty-printed JSON with sorted keys "app", "favorites", "version".
     QByteArray exportFavorites() const;
@@ -98,6 +102,7 @@ signals:
     void lastCopyChanged();
 
 private:
+    std::optional<LastCopy> storedLastCopy() const;
     // Replaces the stored list with change(stored list), in one update.
     void changeFavorites(const std::function<QStringList(const QStringList&)>& change);
     // The same, then cut to the recents limit.

@@ -1,13 +1,17 @@
 #include "App/Shell/Application.h"
 #include "App/Shell/StatusItemController.h"
 #include "AppWindows/WindowManager.h"
+#include "Catalog/IconLibrary.h"
+#include "PictrayProcess.h"
 #include "Platform/HotKeyBackend.h"
 #include "Platform/HotKeyCenter.h"
 #include "Platform/Xkb/XkbKeyboardLayout.h"
 #include "State/Preferences.h"
 #include "State/UserLibrary.h"
+#include "TestData.h"
 
 #include <QApplication>
+#include <QSaveFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -62,6 +66,13 @@ private slots:
         prefs->setHasCompletedOnboarding(true);
     }
     void cleanup() { app.reset(); }
+
+    // `pictray` commands working on this test's files, as from a terminal.
+    static void shareFiles(PictrayProcess& pictray)
+    {
+        for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+            pictray.environment().insert(QString::fromLatin1(name), qEnvironmentVariable(name));
+    }
 
     void aNewShortcutIsGrabbedInsteadOfTheOld()
     {
@@ -128,6 +139,51 @@ private slots:
         QCOMPARE(user.recents().size(), 4);
         prefs->setRecentsLimit(2);
         QTRY_COMPARE(user.recents(), (QStringList{u"bell"_qs, u"home"_qs}));
+    }
+
+    void terminalChangesReachTheRunningProgram()
+    {
+        PictrayProcess pictray;
+        shareFiles(pictray);
+        QCOMPARE(pictray.run({u"prefs"_qs, u"set"_qs, u"appearance"_qs, u"dark"_qs}).exitCode, 0);
+        QTRY_COMPARE(app->windowManager().appearance().mode(), AppearanceMode::dark);
+
+        const KeyCombo other{KeyCombo::controlFlag | KeyCombo::shiftFlag, 0x22};
+        QCOMPARE(pictray
+                     .run({u"prefs"_qs, u"set"_qs, u"pickerHotKey"_qs,
+                           QString::fromUtf8(other.toJson())})
+                     .exitCode,
+                 0);
+        QTRY_COMPARE(grabbed.value(picker), other);
+
+        QCOMPARE(pictray.run({u"favorites"_qs, u"add"_qs, u"rocket"_qs}).exitCode, 0);
+        QTRY_COMPARE(app->userLibrary().favorites(), QStringList{u"rocket"_qs});
+    }
+
+    void programChangesReachTheTerminal()
+    {
+        PictrayProcess pictray;
+        shareFiles(pictray);
+        prefs->setAppearance(AppearanceMode::light);
+        app->userLibrary().toggleFavorite(u"star"_qs);
+        QCOMPARE(pictray.run({u"prefs"_qs, u"get"_qs, u"appearance"_qs}).lines(),
+                 QStringList{u"light"_qs});
+        QCOMPARE(pictray.run({u"favorites"_qs}).lines(), QStringList{u"star"_qs});
+    }
+
+    // What `pictray update` leaves: a newer catalogue in the downloads.
+    void aNewlyInstalledCatalogueIsShown()
+    {
+        IconLibrary& library = app->iconLibrary();
+        QByteArray bytes = TestData::readFile(TestData::shippedCatalogue());
+        const QByteArray head = "{\"version\":\"" + library.version().toUtf8() + '"';
+        QVERIFY(bytes.startsWith(head));
+        bytes.replace(0, head.size(), "{\"version\":\"99.0.0\"");
+        QSaveFile file(library.sources().downloadedPath);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        QVERIFY(file.commit());
+        QTRY_COMPARE(library.version(), u"99.0.0"_qs);
     }
 };
 

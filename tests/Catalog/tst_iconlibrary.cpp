@@ -139,6 +139,25 @@ private slots:
         QCOMPARE(IconLibrary::iconNames({shipped(), downloaded()}).size(), library.icons().size());
     }
 
+    // Another process installed a release (or left a broken file): the
+    // running library takes the good one and leaves the broken one alone.
+    void refreshTakesOnlyADecodableNewFile()
+    {
+        writeFile(shipped(), catalogue("3.9.0"));
+        IconLibrary library({shipped(), downloaded()});
+        QSignalSpy changed(&library, &IconLibrary::catalogueChanged);
+        QVERIFY(!library.refresh());
+        QByteArray broken = catalogue("9.0.0");
+        broken.chop(10);
+        writeFile(downloaded(), broken);
+        QVERIFY(!library.refresh());
+        QCOMPARE(readFile(downloaded()), broken);
+        writeFile(downloaded(), catalogue("3.10.0"));
+        QVERIFY(library.refresh());
+        QCOMPARE(library.version(), u"3.10.0"_qs);
+        QCOMPARE(changed.size(), 1);
+    }
+
     void releaseVersions_data()
     {
         QTest::addColumn<QString>("a");

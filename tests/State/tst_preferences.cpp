@@ -1,5 +1,6 @@
 #include "State/Preferences.h"
 #include "StoreFiles.h"
+#include "TestData.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -15,6 +16,7 @@ class TestPreferences : public QObject {
         return {
             uR"(pickerHotKey={"keyCode":34,"modifiers":786432})"_qs,
             uR"(copyLastHotKey={"keyCode":8,"modifiers":786432})"_qs,
+            u"automaticallyChecksForUpdates=false"_qs,
             u"showMenuBarIcon=true"_qs,
             u"pickerPosition=underMenuBarIcon"_qs,
             u"afterCopy=close"_qs,
@@ -65,7 +67,7 @@ private slots:
         int registered = 0;
         for (const QString& key : Preferences::keys())
             registered += store->registeredDefault(key).isValid();
-        QCOMPARE(registered, 27);
+        QCOMPARE(registered, 28);
         QVERIFY(!store->registeredDefault(u"hasCompletedOnboarding"_qs).isValid());
         QCOMPARE(store->writeError(), std::nullopt);
         QVERIFY(store->userKeys().isEmpty());
@@ -295,6 +297,31 @@ private slots:
         QCOMPARE(preferences.pickerHotKey(), Preferences::defaultPickerHotKey);
         QCOMPARE(preferences.recentsLimit(), 24);
         QVERIFY(store->userKeys().isEmpty());
+    }
+
+    // Another process's change reaches the running program's properties: each
+    // changed value signals once, an unchanged one not at all, and nothing is
+    // written back.
+    void reloadSignalsOnlyChangedValues()
+    {
+        auto store = files.fresh();
+        Preferences preferences(*store);
+        SettingsStore otherStore(store->filePath());
+        Preferences other(otherStore);
+        other.setAppearance(AppearanceMode::dark);
+        other.setPickerHotKey(Preferences::defaultPickerHotKey);
+        const QByteArray written = TestData::readFile(store->filePath());
+        QSignalSpy appearance(&preferences, &Preferences::appearanceChanged);
+        QSignalSpy hotKey(&preferences, &Preferences::pickerHotKeyChanged);
+
+        QVERIFY(store->refresh());
+        preferences.reload();
+        QCOMPARE(preferences.appearance(), AppearanceMode::dark);
+        QCOMPARE(appearance.size(), 1);
+        QCOMPARE(hotKey.size(), 0);
+        preferences.reload();
+        QCOMPARE(appearance.size(), 1);
+        QCOMPARE(TestData::readFile(store->filePath()), written);
     }
 };
 

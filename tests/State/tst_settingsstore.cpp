@@ -1,4 +1,5 @@
 #include "StoreFiles.h"
+#include "TestData.h"
 
 #include <QTest>
 
@@ -74,6 +75,30 @@ private slots:
         QCOMPARE(store->stringListValue(u"list"_qs), QStringList{u"x"_qs});
         QCOMPARE(store->intValue(u"unregistered"_qs), 0);
         QCOMPARE(store->boolValue(u"lenient"_qs), true);
+    }
+
+    // What another process left is taken only when it reads in whole.
+    void refreshTakesOnlyWholeFiles_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<bool>("taken");
+        QTest::newRow("complete") << QByteArray("[General]\nsize=12\nother=1\n") << true;
+        QTest::newRow("emptied") << QByteArray() << true;
+        QTest::newRow("last line unfinished") << QByteArray("[General]\nsize=1") << false;
+        QTest::newRow("unparsable line") << QByteArray("[General]\nsize=12\n[oops\n") << false;
+    }
+    void refreshTakesOnlyWholeFiles()
+    {
+        QFETCH(QByteArray, text);
+        QFETCH(bool, taken);
+        auto store = files.withText("[General]\nsize=24\n");
+        TestData::writeFile(store->filePath(), text);
+        QCOMPARE(store->refresh(), taken);
+        if (taken)
+            QCOMPARE(store->intValue(u"size"_qs), text.isEmpty() ? 0 : 12);
+        // Refreshing writes nothing, not even a damaged file's copy.
+        QCOMPARE(TestData::readFile(store->filePath()), text);
+        QVERIFY(!QFile::exists(store->filePath() + u".damaged"_qs));
     }
 
     void createsItsFolder()

@@ -185,6 +185,24 @@ private slots:
         QCOMPARE(library->favorites(), (QStringList{u"star"_qs, u"home"_qs, u"user"_qs}));
     }
 
+    void reloadSignalsWhatAnotherProcessChanged()
+    {
+        copy({u"heart"_qs});
+        SettingsStore otherStore(store->filePath());
+        Preferences otherPreferences(otherStore);
+        UserLibrary other(otherStore, otherPreferences, [](const QString&) { return true; });
+        other.setFavorite({u"star"_qs}, true);
+        QSignalSpy favorites(library.get(), &UserLibrary::favoritesChanged);
+        QSignalSpy recents(library.get(), &UserLibrary::recentsChanged);
+        QSignalSpy lastCopy(library.get(), &UserLibrary::lastCopyChanged);
+        QVERIFY(store->refresh());
+        library->reload();
+        QCOMPARE(library->favorites(), QStringList{u"star"_qs});
+        QCOMPARE(favorites.size(), 1);
+        QCOMPARE(recents.size(), 0);
+        QCOMPARE(lastCopy.size(), 0);
+    }
+
     void importAndExportFiles()
     {
         QString error;

@@ -2,6 +2,7 @@
 
 #include "AppWindows/WindowManager.h"
 #include "Base/KeyboardLayout.h"
+#include "Base/WatchedFile.h"
 #include "Catalog/IconLibrary.h"
 #include "Export/CopyService.h"
 #include "Panel/PickerController.h"
@@ -23,7 +24,9 @@
 
 namespace {
 constexpr int panelPreparationDelayMs = 1500;
-}
+// The automatic update check waits until start-up has long settled.
+constexpr int updateCheckDelayMs = 10'000;
+} // namespace
 
 Application::Application(Backends backends, QObject* parent)
     : QObject(parent), m_makeBackends(std::move(backends))
@@ -99,9 +102,10 @@ void Application::start()
     m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
     registerHotKeys();
     StartupTrace::mark("hot keys");
-    m_updates = std::make_unique<UpdateChecker>();
+    m_updates = std::make_unique<UpdateChecker>(*m_prefs);
 
     subscribeToSettings();
+    followOutsideChanges();
     if (!m_prefs->hasCompletedOnboarding())
         m_windows->showOnboarding();
     StartupTrace::mark("started");
@@ -109,6 +113,7 @@ void Application::start()
     // press shows it at once.
     QTimer::singleShot(panelPreparationDelayMs, m_picker.get(),
                        [this] { m_picker->preparePanel(); });
+    QTimer::singleShot(updateCheckDelayMs, m_updates.get(), [this] { m_updates->startSchedule(); });
 }
 
 void Application::registerHotKeys()
@@ -137,6 +142,21 @@ void Application::subscribeToSettings()
     connect(
         m_prefs.get(), &Preferences::recentsLimitChanged, this, [this] { m_user->trimRecents(); },
         Qt::QueuedConnection);
+}
+
+void Application::followOutsideChanges()
+{
+    // A file that cannot be taken in whole leaves every value as it is; the
+    // writer's next change is noticed again.
+    m_settingsFile = std::make_unique<WatchedFile>(m_store->filePath());
+    connect(m_settingsFile.get(), &WatchedFile::changed, this, [this] {
+        if (!m_store->refresh())
+            return;
+        m_prefs->reload();
+        m_user->reload();
+    });
+    m_catalogueFile = std::make_unique<WatchedFile>(m_library->sources().downloadedPath);
+    connect(m_catalogueFile.get(), &WatchedFile::changed, this, [this] { m_library->refresh(); });
 }
 
 void Application::reopen()

@@ -20,6 +20,7 @@ class SettingsStore;
 class StatusItemController;
 class UpdateChecker;
 class UserLibrary;
+class WatchedFile;
 class WindowManager;
 
 // The tray application: owns every long-lived service, wires them together
@@ -53,9 +54,13 @@ public:
     // Starting at login, as this desktop does it.
     LoginItem& loginItem() { return *m_platform.loginItem; }
     UserLibrary& userLibrary() { return *m_user; }
+    IconLibrary& iconLibrary() { return *m_library; }
 
 private:
     void subscribeToSettings();
+    // Takes in what other processes (`pictray prefs`, `pictray favorites`,
+    // `pictray update`) write to the settings and catalogue files.
+    void followOutsideChanges();
 
     Backends m_makeBackends;
     PlatformBackends m_platform;
@@ -72,5 +77,7 @@ private:
     std::unique_ptr<WindowManager> m_windows;
     std::unique_ptr<StatusItemController> m_status;
     std::unique_ptr<UpdateChecker> m_updates;
+    std::unique_ptr<WatchedFile> m_settingsFile;
+    std::unique_ptr<WatchedFile> m_catalogueFile;
     PanelTrace m_panelTrace;
 };
