@@ -27,7 +27,7 @@ private slots:
         const auto result = pictray.run({"prefs", "list"});
         QCOMPARE(result.exitCode, 0);
         const QStringList lines = result.lines();
-        QCOMPARE(lines.size(), 30);
+        QCOMPARE(lines.size(), 31);
         QCOMPARE(lines.first(), R"(pickerHotKey={"keyCode":34,"modifiers":786432})");
         QVERIFY(lines.contains("defaultStroke=2.0"));
         QCOMPARE(lines.last(), "showCategoryBar=true");
