@@ -68,6 +68,7 @@ public:
     void setFavorite(const QStringList& names, bool favorite);
     // Applies a lowered recents limit at once.
     void trimRecents();
+    void clearRecents();
 
     // Pretty-printed JSON with sorted keys "app", "favorites", "version".
     QByteArray exportFavorites() const;

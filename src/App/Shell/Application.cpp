@@ -3,6 +3,7 @@
 #include "AppWindows/WindowManager.h"
 #include "Base/KeyboardLayout.h"
 #include "Catalog/IconLibrary.h"
+#include "Catalog/IconUpdater.h"
 #include "Export/CopyService.h"
 #include "Panel/PickerController.h"
 #include "Panel/Views/PictrayQml.h"
@@ -52,9 +53,16 @@ void Application::start()
     m_user = std::make_unique<UserLibrary>(*m_store, *m_prefs, [this](const QString& name) {
         return !m_library->icon(name).isNull();
     });
+    m_iconUpdater = std::make_unique<IconUpdater>(*m_library);
     StartupTrace::mark("catalogue");
 
-    m_windows = std::make_unique<WindowManager>(*m_prefs, *m_library);
+    // Registered later, once the picker exists; the settings window's
+    // recorders suspend and resume it.
+    m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
+    m_windows = std::make_unique<WindowManager>(*m_prefs, *m_library,
+                                                SettingsServices{*m_user, *m_iconUpdater,
+                                                                 *m_hotKeys, *m_platform.loginItem,
+                                                                 *m_platform.paster});
     m_windows->applyAppearance();
     StartupTrace::mark("appearance");
 
@@ -91,7 +99,6 @@ void Application::start()
     m_picker->setTrayIconGeometry([this] { return m_status->trayIconGeometry(); });
     StartupTrace::mark("tray icon set up");
 
-    m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
     registerHotKeys();
     StartupTrace::mark("hot keys");
     m_updates = std::make_unique<UpdateChecker>();
