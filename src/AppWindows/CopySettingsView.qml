@@ -154,6 +154,7 @@ ScrollView {
             ChoiceRow {
                 objectName: "vueStyle"
                 label: "Vue style"
+                controlWidth: 270
                 choices: view.choices.vueStyleLabels
                 currentIndex: view.choices.vueStyle
                 onActivated: index => view.choices.vueStyle = index

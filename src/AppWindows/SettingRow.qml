@@ -31,10 +31,8 @@ RowLayout {
             font.pixelSize: Theme.smallFontSize
         }
     }
-    Item {
+    Row {
         id: controlSlot
-        implicitWidth: childrenRect.width
-        implicitHeight: childrenRect.height
         Layout.alignment: Qt.AlignVCenter | Qt.AlignRight
     }
 }
