@@ -42,6 +42,23 @@ namespace RecordedKey {
 
 std::optional<quint32> virtualKeyCode(int qtKey, quint32 nativeScanCode)
 {
+    // Modifier keys have places too, but a shortcut needs a key besides them.
+    switch (qtKey) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+        return std::nullopt;
+    default:
+        break;
+    }
     if (const auto layout = KeyboardLayout::current(); layout && nativeScanCode != 0) {
         if (const auto code = layout->virtualKeyCode(nativeScanCode))
             return code;
