@@ -105,6 +105,18 @@ QQuickWindow* WindowManager::create(const QString& file, QVariantMap properties)
     return window;
 }
 
+void WindowManager::stopRecordingOnClose(QQuickWindow* window)
+{
+    // The form outlives its windows: a recorder left listening in a closed
+    // window would keep the global hot keys off.
+    connect(window, &QWindow::visibleChanged, this, [this](bool visible) {
+        if (visible || !m_form)
+            return;
+        m_form->pickerShortcut()->stopRecording();
+        m_form->copyLastShortcut()->stopRecording();
+    });
+}
+
 void WindowManager::forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot)
 {
     QQuickWindow* window = this->*slot;
@@ -160,6 +172,7 @@ void WindowManager::showSettings(Tab tab)
         if (!m_settings)
             return;
         m_settings->installEventFilter(this);
+        stopRecordingOnClose(m_settings);
     }
     m_settings->setProperty(currentTabProperty, int(tab));
     present(m_settings, true);
@@ -192,6 +205,7 @@ void WindowManager::showOnboarding()
                                {QStringLiteral("windowManager"), QVariant::fromValue(this)}});
         if (!m_onboarding)
             return;
+        stopRecordingOnClose(m_onboarding);
         forgetOnClose(&WindowManager::m_onboarding);
     }
     present(m_onboarding, true);

@@ -79,6 +79,7 @@ private:
     QQuickWindow* create(const QString& file, QVariantMap properties);
     // Forgets (and deletes) the window once it is closed.
     void forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot);
+    void stopRecordingOnClose(QQuickWindow* window);
 
     Preferences& m_prefs;
     IconLibrary& m_library;

@@ -243,6 +243,12 @@ private slots:
         QCOMPARE(backend.registrations, registered + 4);
         QCOMPARE(f->prefs.copyLastHotKey(), std::optional(Preferences::defaultCopyLastHotKey));
 
+        f->windows.showOnboarding();
+        setting.toggleRecording();
+        f->windows.onboardingWindow()->close();
+        QVERIFY(!setting.isRecording());
+        QCOMPARE(backend.registrations, registered + 6);
+
         setting.toggleRecording();
         f.reset(); // the window and its form go while recording
     }
