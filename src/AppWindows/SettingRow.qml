@@ -14,6 +14,7 @@ RowLayout {
 
     ColumnLayout {
         Layout.fillWidth: true
+        Layout.alignment: Qt.AlignVCenter
         spacing: 2
         Text {
             id: labelText

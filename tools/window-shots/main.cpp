@@ -26,7 +26,7 @@ namespace {
 // Lets the window lay out and draw before it is grabbed.
 void settle()
 {
-    for (int round = 0; round < 20; ++round)
+    for (int round = 0; round < 60; ++round)
         QCoreApplication::processEvents();
 }
 
@@ -75,6 +75,11 @@ int main(int argc, char** argv)
         {WindowManager::Tab::general, QStringLiteral("settings-general")},
         {WindowManager::Tab::copy, QStringLiteral("settings-copy")},
         {WindowManager::Tab::about, QStringLiteral("settings-about")}};
+    // A first showing lays the window out at its first size; the shots come
+    // from the second.
+    windows.showSettings();
+    windows.settingsWindow()->resize(560, 900);
+    settle();
     for (const auto& [mode, suffix] : modes) {
         prefs.setAppearance(mode);
         windows.applyAppearance();

@@ -17,7 +17,7 @@ Rectangle {
     signal cleared
     signal keyPressed(int key, int modifiers, int nativeScanCode)
 
-    implicitWidth: Math.max(prominent ? 220 : 150, content.implicitWidth + 48)
+    implicitWidth: Math.max(prominent ? 220 : 130, content.implicitWidth + 56)
     implicitHeight: prominent ? 40 : 28
     radius: Theme.smallRadius
     color: recording ? Theme.accentSoft : Theme.field
@@ -53,6 +53,8 @@ Rectangle {
     Row {
         id: content
         anchors.centerIn: parent
+        // Clear of the clear button.
+        anchors.horizontalCenterOffset: clearButton.visible ? -10 : 0
         spacing: 4
         Text {
             objectName: "recorderPrompt"
@@ -71,6 +73,7 @@ Rectangle {
     }
 
     IconButton {
+        id: clearButton
         anchors.right: parent.right
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter
