@@ -11,6 +11,7 @@ ApplicationWindow {
     id: window
     required property Appearance appearance
     required property AboutInfo about
+    required property SettingsForm form
     // 0 General, 1 Copy, 2 About: set by the window manager, changed by the tabs.
     property int currentTab: 0
     readonly property var tabLabels: ["General", "Copy", "About"]
@@ -108,22 +109,8 @@ ApplicationWindow {
             Layout.fillHeight: true
             currentIndex: window.currentTab
 
-            PlaceholderPane {
-                title: "General"
-                note: "Shortcuts, where the picker opens, what happens after a copy and the appearance will be set here."
-                commands: ["pictray prefs set pickerPosition centered",
-                           "pictray prefs set afterCopy keepOpen",
-                           "pictray prefs set appearance dark",
-                           "pictray prefs list"]
-            }
-            PlaceholderPane {
-                title: "Copy"
-                note: "The default format, style, colour, size and stroke, and the options of each code format will be set here."
-                commands: ["pictray prefs set defaultFormat svg",
-                           "pictray prefs set defaultSize 32",
-                           "pictray prefs set reactLanguage jsx",
-                           "pictray prefs list"]
-            }
+            GeneralSettingsView { form: window.form }
+            CopySettingsView { form: window.form }
             AboutView { about: window.about }
         }
     }

@@ -1,6 +1,7 @@
 #include "WindowManager.h"
 
 #include "AboutInfo.h"
+#include "SettingsForm.h"
 #include "State/Preferences.h"
 #include "Ui/AppPalette.h"
 #include "Ui/GlyphImageProvider.h"
@@ -26,8 +27,9 @@ const char* const currentTabProperty = "currentTab";
 
 } // namespace
 
-WindowManager::WindowManager(Preferences& prefs, IconLibrary& library, QObject* parent)
-    : QObject(parent), m_prefs(prefs), m_library(library),
+WindowManager::WindowManager(Preferences& prefs, IconLibrary& library,
+                             const SettingsServices& services, QObject* parent)
+    : QObject(parent), m_prefs(prefs), m_library(library), m_services(services),
       m_aboutInfo(std::make_unique<AboutInfo>(library))
 {
 }
@@ -43,6 +45,13 @@ WindowManager::~WindowManager()
     delete m_onboarding;
     delete m_about;
     delete m_settings;
+}
+
+SettingsForm& WindowManager::settingsForm()
+{
+    if (!m_form)
+        m_form = std::make_unique<SettingsForm>(m_prefs, m_library, m_services);
+    return *m_form;
 }
 
 void WindowManager::chooseControlsStyle()
@@ -96,6 +105,18 @@ QQuickWindow* WindowManager::create(const QString& file, QVariantMap properties)
     return window;
 }
 
+void WindowManager::stopRecordingOnClose(QQuickWindow* window)
+{
+    // The form outlives its windows: a recorder left listening in a closed
+    // window would keep the global hot keys off.
+    connect(window, &QWindow::visibleChanged, this, [this](bool visible) {
+        if (visible || !m_form)
+            return;
+        m_form->pickerShortcut()->stopRecording();
+        m_form->copyLastShortcut()->stopRecording();
+    });
+}
+
 void WindowManager::forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot)
 {
     QQuickWindow* window = this->*slot;
@@ -125,6 +146,10 @@ bool WindowManager::eventFilter(QObject* watched, QEvent* event)
                                                  : nullptr;
     if (!window)
         return false;
+    // A shortcut recorder that is listening takes Escape as "cancel".
+    if (m_form &&
+        (m_form->pickerShortcut()->isRecording() || m_form->copyLastShortcut()->isRecording()))
+        return false;
     // An open popup (a list of choices) takes Escape for itself.
     for (const QQuickItem* item = window->activeFocusItem(); item; item = item->parentItem()) {
         if (item->inherits("QQuickPopupItem"))
@@ -142,10 +167,12 @@ bool WindowManager::eventFilter(QObject* watched, QEvent* event)
 void WindowManager::showSettings(Tab tab)
 {
     if (!m_settings) {
-        m_settings = create(QStringLiteral("SettingsWindow.qml"), {});
+        m_settings = create(QStringLiteral("SettingsWindow.qml"),
+                            {{QStringLiteral("form"), QVariant::fromValue(&settingsForm())}});
         if (!m_settings)
             return;
         m_settings->installEventFilter(this);
+        stopRecordingOnClose(m_settings);
     }
     m_settings->setProperty(currentTabProperty, int(tab));
     present(m_settings, true);
@@ -173,15 +200,12 @@ void WindowManager::showAbout()
 void WindowManager::showOnboarding()
 {
     if (!m_onboarding) {
-        const auto caps = [](const std::optional<KeyCombo>& combo) {
-            return combo ? combo->keyCaps() : QStringList();
-        };
         m_onboarding = create(QStringLiteral("OnboardingWindow.qml"),
-                              {{QStringLiteral("pickerKeys"), caps(m_prefs.pickerHotKey())},
-                               {QStringLiteral("copyLastKeys"), caps(m_prefs.copyLastHotKey())},
+                              {{QStringLiteral("form"), QVariant::fromValue(&settingsForm())},
                                {QStringLiteral("windowManager"), QVariant::fromValue(this)}});
         if (!m_onboarding)
             return;
+        stopRecordingOnClose(m_onboarding);
         forgetOnClose(&WindowManager::m_onboarding);
     }
     present(m_onboarding, true);

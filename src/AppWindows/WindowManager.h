@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SettingsServices.h"
 #include "Ui/Kit/Appearance.h"
 
 #include <QObject>
@@ -13,6 +14,7 @@ class AboutInfo;
 class IconLibrary;
 class Preferences;
 class QQmlEngine;
+class SettingsForm;
 
 // Owns the program's ordinary windows: settings (kept once made, so its tab
 // survives closing), about and onboarding (made afresh after closing). It
@@ -27,7 +29,8 @@ public:
     enum class Tab { general, copy, about };
     Q_ENUM(Tab)
 
-    WindowManager(Preferences& prefs, IconLibrary& library, QObject* parent = nullptr);
+    WindowManager(Preferences& prefs, IconLibrary& library, const SettingsServices& services,
+                  QObject* parent = nullptr);
     ~WindowManager() override;
 
     // Qt Quick Controls in the Fusion style, which draws with the application
@@ -55,6 +58,8 @@ public:
     QQuickWindow* settingsWindow() const { return m_settings; }
     QQuickWindow* aboutWindow() const { return m_about; }
     QQuickWindow* onboardingWindow() const { return m_onboarding; }
+    // What the settings and onboarding windows bind to, made with the first.
+    SettingsForm& settingsForm();
     std::optional<Tab> settingsTab() const;
     // Whether any of the three is on screen.
     bool hasVisibleWindow() const;
@@ -74,10 +79,13 @@ private:
     QQuickWindow* create(const QString& file, QVariantMap properties);
     // Forgets (and deletes) the window once it is closed.
     void forgetOnClose(QPointer<QQuickWindow> WindowManager::*slot);
+    void stopRecordingOnClose(QQuickWindow* window);
 
     Preferences& m_prefs;
     IconLibrary& m_library;
+    SettingsServices m_services;
     Appearance m_appearance;
+    std::unique_ptr<SettingsForm> m_form;
     std::unique_ptr<AboutInfo> m_aboutInfo;
     std::unique_ptr<QQmlEngine> m_engine;
     QPointer<QQuickWindow> m_settings;

@@ -22,12 +22,13 @@ bool HotKeyCenter::registerHotKey(ID id, std::optional<KeyCombo> combo,
     m_actions[number] = std::move(action);
     if (!combo) {
         m_combos.erase(number);
+        emit registrationsChanged();
         return true;
     }
     m_combos[number] = *combo;
-    if (m_isSuspended)
-        return true;
-    return makeLive(number, *combo);
+    const bool accepted = m_isSuspended || makeLive(number, *combo);
+    emit registrationsChanged();
+    return accepted;
 }
 
 void HotKeyCenter::unregister(ID id)
@@ -44,6 +45,7 @@ void HotKeyCenter::suspend()
     for (const quint32 number : m_live)
         m_backend->unregisterHotKey(number);
     m_live.clear();
+    emit registrationsChanged();
 }
 
 void HotKeyCenter::resume()
@@ -53,6 +55,13 @@ void HotKeyCenter::resume()
     m_isSuspended = false;
     for (const auto& [number, combo] : m_combos)
         makeLive(number, combo);
+    emit registrationsChanged();
+}
+
+bool HotKeyCenter::isRefused(ID id) const
+{
+    const auto number = quint32(id);
+    return !m_isSuspended && m_combos.count(number) != 0 && m_live.count(number) == 0;
 }
 
 void HotKeyCenter::installHandler()

@@ -37,6 +37,12 @@ public:
     void suspend();
     // Registers every wanted combination again; refusals are skipped.
     void resume();
+    // Wanted, not suspended, yet not live: the system refused the combination.
+    bool isRefused(ID id) const;
+
+signals:
+    // After a registration, a suspension or a resumption.
+    void registrationsChanged();
 
 private:
     void installHandler();

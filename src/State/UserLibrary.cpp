@@ -191,6 +191,11 @@ void UserLibrary::trimRecents()
     changeRecents([](const QStringList& recents) { return recents; });
 }
 
+void UserLibrary::clearRecents()
+{
+    changeRecents([](const QStringList&) { return QStringList(); });
+}
+
 QByteArray UserLibrary::exportFavorites() const
 {
     // QJsonObject keeps its keys sorted, which gives "app", "favorites", "version".

@@ -72,6 +72,7 @@ public:
     // process changed them) and emits the signal of each that differs.
     // Writes nothing.
     void reload();
+    void clearRecents();
 
     // Pretty-printed JSON with sorted keys "app", "favorites", "version".
     QByteArray exportFavorites() const;

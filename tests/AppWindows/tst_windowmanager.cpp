@@ -1,9 +1,6 @@
 #include "AppWindows/AboutInfo.h"
-#include "AppWindows/WindowManager.h"
-#include "Catalog/IconLibrary.h"
-#include "State/Preferences.h"
-#include "State/SettingsStore.h"
 #include "TestData.h"
+#include "WindowsFixture.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -41,11 +38,11 @@ void processDeletes()
 class TestWindowManager : public QObject {
     Q_OBJECT
 
-    QTemporaryDir dir;
-    std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<Preferences> prefs;
     std::unique_ptr<IconLibrary> library;
-    std::unique_ptr<WindowManager> windows;
+    std::unique_ptr<WindowsFixture> fixture;
+    SettingsStore* store = nullptr;
+    Preferences* prefs = nullptr;
+    WindowManager* windows = nullptr;
 
     static void press(QWindow* window, int key, Qt::KeyboardModifiers modifiers = {})
     {
@@ -54,29 +51,17 @@ class TestWindowManager : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        WindowManager::chooseControlsStyle();
-        library = std::make_unique<IconLibrary>(
-            IconLibrary::Sources{TestData::shippedCatalogue(), QString()});
-    }
+    void initTestCase() { library = WindowsFixture::prepare(); }
 
     void init()
     {
-        store = std::make_unique<SettingsStore>(dir.filePath("Pictray.conf"));
-        prefs = std::make_unique<Preferences>(*store);
-        windows = std::make_unique<WindowManager>(*prefs, *library);
+        fixture = std::make_unique<WindowsFixture>(*library);
+        store = &fixture->store;
+        prefs = &fixture->prefs;
+        windows = &fixture->windows;
     }
 
-    void cleanup()
-    {
-        windows.reset();
-        prefs.reset();
-        store->remove("appearance");
-        store->remove("hasCompletedOnboarding");
-        store.reset();
-    }
+    void cleanup() { fixture.reset(); }
 
     void settingsIsOneWindowThatSwitchesTabs()
     {
@@ -176,12 +161,12 @@ private slots:
     void onboarding()
     {
         QFETCH(bool, finish);
-        QSignalSpy pickerRequested(windows.get(), &WindowManager::pickerRequested);
+        QSignalSpy pickerRequested(windows, &WindowManager::pickerRequested);
         windows->showOnboarding();
         QQuickWindow* window = windows->onboardingWindow();
         QVERIFY(window);
         QCOMPARE(window->title(), QString("Welcome to Pictray"));
-        QVERIFY(texts(window).contains("Start Using Pictray"));
+        QVERIFY(texts(window).contains("Step 1 of 3"));
         QVERIFY(texts(window).join(u' ').contains(u"lives in your tray."));
         if (finish)
             windows->finishOnboarding();

@@ -4,6 +4,7 @@
 #include "Base/KeyboardLayout.h"
 #include "Base/WatchedFile.h"
 #include "Catalog/IconLibrary.h"
+#include "Catalog/IconUpdater.h"
 #include "Export/CopyService.h"
 #include "Panel/PickerController.h"
 #include "Panel/Views/PictrayQml.h"
@@ -55,11 +56,18 @@ void Application::start()
     m_user = std::make_unique<UserLibrary>(*m_store, *m_prefs, [this](const QString& name) {
         return !m_library->icon(name).isNull();
     });
+    m_iconUpdater = std::make_unique<IconUpdater>(*m_library);
     StartupTrace::mark("catalogue");
 
     // Before Pictray's own appearance replaces it: trays follow the desktop.
     const QColor desktopText = QGuiApplication::palette().color(QPalette::WindowText);
-    m_windows = std::make_unique<WindowManager>(*m_prefs, *m_library);
+    // Registered later, once the picker exists; the settings window's
+    // recorders suspend and resume it.
+    m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
+    m_windows = std::make_unique<WindowManager>(*m_prefs, *m_library,
+                                                SettingsServices{*m_user, *m_iconUpdater,
+                                                                 *m_hotKeys, *m_platform.loginItem,
+                                                                 *m_platform.paster});
     m_windows->applyAppearance();
     StartupTrace::mark("appearance");
 
@@ -99,7 +107,6 @@ void Application::start()
     m_picker->setTrayIconGeometry([this] { return m_status->trayIconGeometry(); });
     StartupTrace::mark("tray icon set up");
 
-    m_hotKeys = std::make_unique<HotKeyCenter>(std::move(m_platform.hotKeys));
     registerHotKeys();
     StartupTrace::mark("hot keys");
     m_updates = std::make_unique<UpdateChecker>(*m_prefs);

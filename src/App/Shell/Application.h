@@ -10,6 +10,7 @@
 
 class CopyService;
 class HotKeyCenter;
+class IconUpdater;
 class HUD;
 class IconLibrary;
 class PickerController;
@@ -68,6 +69,7 @@ private:
     std::unique_ptr<Preferences> m_prefs;
     std::unique_ptr<IconLibrary> m_library;
     std::unique_ptr<UserLibrary> m_user;
+    std::unique_ptr<IconUpdater> m_iconUpdater;
     std::unique_ptr<QtClipboard> m_clipboard;
     std::unique_ptr<HUD> m_hud;
     std::unique_ptr<CopyService> m_copy;

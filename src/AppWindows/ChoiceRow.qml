@@ -1,0 +1,23 @@
+import QtQuick
+import QtQuick.Controls
+
+// A setting that is one of a list.
+SettingRow {
+    id: row
+    property var choices: []
+    property int currentIndex
+    property int controlWidth: 220
+    signal activated(int index)
+
+    ComboBox {
+        objectName: row.objectName + "Choice"
+        width: row.controlWidth
+        model: row.choices
+        currentIndex: row.currentIndex
+        Accessible.name: row.label
+        onActivated: index => {
+            row.activated(index);
+            currentIndex = Qt.binding(() => row.currentIndex);
+        }
+    }
+}

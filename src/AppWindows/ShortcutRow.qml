@@ -1,0 +1,57 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+import Pictray.Kit
+import Pictray.Windows
+
+// A global shortcut: its recorder, a button back to the default, and a line
+// when another program holds the combination.
+ColumnLayout {
+    id: row
+    required property ShortcutSetting setting
+    property string label
+    property bool prominent: false
+    property bool showsReset: true
+    Layout.fillWidth: true
+    spacing: 4
+
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: 8
+        Text {
+            Layout.fillWidth: true
+            visible: row.label.length > 0
+            text: row.label
+            color: Theme.text
+            font.pixelSize: Theme.fontSize
+        }
+        ShortcutRecorder {
+            objectName: row.objectName + "Recorder"
+            Layout.alignment: Qt.AlignVCenter
+            prominent: row.prominent
+            keyCaps: row.setting.keyCaps
+            recording: row.setting.recording
+            accessibleName: row.setting.accessibleName
+            onToggled: row.setting.toggleRecording()
+            onCleared: row.setting.clear()
+            onKeyPressed: (key, modifiers, nativeScanCode) => row.setting.press(key, modifiers,
+                                                                                nativeScanCode)
+        }
+        Button {
+            objectName: row.objectName + "Reset"
+            visible: row.showsReset
+            text: "Reset"
+            Accessible.name: text
+            Accessible.description: "Restores the default shortcut to " + row.label
+            onClicked: row.setting.resetToDefault()
+        }
+    }
+    Text {
+        objectName: row.objectName + "Refusal"
+        Layout.alignment: Qt.AlignRight
+        visible: text.length > 0
+        text: row.setting.refusal
+        color: Theme.favorite
+        font.pixelSize: Theme.smallFontSize
+    }
+}
