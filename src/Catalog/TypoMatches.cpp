@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <limits>
 #include <unordered_map>
 
@@ -43,11 +44,28 @@ int editCost(int edits, std::string_view typed, std::string_view found)
     return 4 * edits + (firstChanged ? 2 : 0);
 }
 
+// Which characters a text holds, one bit each (others share bits). An edit
+// changes at most two bits, so texts whose sets differ in more than twice
+// the allowed edits are too far apart to compare.
+std::uint64_t letterSet(std::string_view text)
+{
+    std::uint64_t bits = 0;
+    for (const char c : text)
+        bits |= std::uint64_t(1) << (static_cast<unsigned char>(c) % 64);
+    return bits;
+}
+
+bool tooFarApart(std::uint64_t a, std::uint64_t b, int edits)
+{
+    return std::popcount(a ^ b) > 2 * edits;
+}
+
 } // namespace
 
 struct TypoMatches::Cost {
     int value = unreached; // lower is likelier
     int extraWords = 0;    // name words the query did not account for
+    bool edited = true;    // else ordinary search finds the icon already
 
     bool operator<(const Cost& other) const
     {
@@ -100,7 +118,8 @@ TypoMatches::TypoMatches(const IconList& icons) : m_icons(icons)
             auto [it, added] =
                 wordIds.try_emplace(std::string(word), static_cast<std::uint32_t>(m_words.size()));
             if (added) {
-                m_words.push_back({0, static_cast<std::uint32_t>(word.size()), {}});
+                m_words.push_back(
+                    {0, static_cast<std::uint32_t>(word.size()), letterSet(word), {}});
                 wordTexts.emplace_back(word);
             }
             std::vector<Posting>& postings = m_words[it->second].icons;
@@ -112,6 +131,7 @@ TypoMatches::TypoMatches(const IconList& icons) : m_icons(icons)
         const std::string name = utf8(icon.searchName());
         m_nameStart.push_back(static_cast<std::uint32_t>(m_text.size()));
         m_nameSize.push_back(static_cast<std::uint32_t>(name.size()));
+        m_nameLetters.push_back(letterSet(name));
         m_text += name;
         int nameWords = 0;
         forEachWord(name, [&](std::string_view word) {
@@ -181,11 +201,14 @@ std::string_view TypoMatches::text(std::uint32_t start, std::uint32_t size) cons
 void TypoMatches::matchNames(std::string_view joined, std::vector<Cost>& costs) const
 {
     const int edits = allowedEdits(joined.size());
+    const std::uint64_t letters = letterSet(joined);
     m_namesByLength.forSizes(joined.size(), edits, [&](std::uint32_t icon) {
+        if (tooFarApart(letters, m_nameLetters[icon], edits))
+            return;
         const std::string_view name = text(m_nameStart[icon], m_nameSize[icon]);
         const int d = distance(joined, name, edits);
         if (d <= edits)
-            costs[icon] = std::min(costs[icon], Cost{editCost(d, joined, name), 0});
+            costs[icon] = std::min(costs[icon], Cost{editCost(d, joined, name), 0, d > 0});
     });
 }
 
@@ -195,15 +218,19 @@ void TypoMatches::matchWords(const std::vector<std::string>& words, std::vector<
 {
     const std::size_t count = m_icons.size();
     std::vector<int> total(count, 0);
+    std::vector<int> editsMade(count, 0);
     std::vector<std::uint8_t> matched(count, 0);
     std::vector<int> best(count, unreached);
     std::vector<std::uint32_t> touched;
     for (std::size_t w = 0; w < words.size(); ++w) {
         const std::string_view typed = words[w];
         const int edits = allowedEdits(typed.size());
+        const std::uint64_t letters = letterSet(typed);
         touched.clear();
         m_wordsByLength.forSizes(typed.size(), edits, [&](std::uint32_t id) {
             const Word& word = m_words[id];
+            if (tooFarApart(letters, word.letters, edits))
+                return;
             const std::string_view found = text(word.start, word.size);
             const int d = distance(typed, found, edits);
             if (d > edits)
@@ -222,13 +249,14 @@ void TypoMatches::matchWords(const std::vector<std::string>& words, std::vector<
             return;
         for (const std::uint32_t icon : touched) {
             total[icon] += best[icon];
+            editsMade[icon] += best[icon] / 4; // see editCost
             best[icon] = unreached;
             ++matched[icon];
         }
     }
     for (const std::uint32_t icon : touched) {
         const int extra = std::max(0, int(m_nameWords[icon]) - int(words.size()));
-        costs[icon] = std::min(costs[icon], Cost{total[icon], extra});
+        costs[icon] = std::min(costs[icon], Cost{total[icon], extra, editsMade[icon] > 0});
     }
 }
 
@@ -249,7 +277,7 @@ IconList TypoMatches::matches(QStringView query, int limit) const
 
     std::vector<std::uint32_t> found;
     for (std::uint32_t icon = 0; icon < costs.size(); ++icon) {
-        if (costs[icon].value != unreached)
+        if (costs[icon].value != unreached && costs[icon].edited)
             found.push_back(icon);
     }
     const auto kept = std::min(found.size(), static_cast<std::size_t>(limit));

@@ -36,6 +36,7 @@ private:
     struct Word {
         std::uint32_t start; // in m_text
         std::uint32_t size;
+        std::uint64_t letters;
         std::vector<Posting> icons;
     };
     // Entries of one kind sorted by size, with where each size begins.
@@ -55,6 +56,7 @@ private:
     std::vector<Word> m_words;
     std::vector<std::uint32_t> m_nameStart; // per icon, in m_text
     std::vector<std::uint32_t> m_nameSize;
+    std::vector<std::uint64_t> m_nameLetters;
     std::vector<std::uint8_t> m_nameWords; // how many hyphen-separated words
     ByLength m_wordsByLength;
     ByLength m_namesByLength;

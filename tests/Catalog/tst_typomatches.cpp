@@ -100,6 +100,7 @@ private slots:
         QTest::newRow("hyphen lost") << "arrowleft" << QStringList{"arrow-left"};
         QTest::newRow("case and commas") << "NETWROK," << QStringList{"network"};
         QTest::newRow("short words need to be exact") << "bix" << QStringList{};
+        QTest::newRow("no typo, nothing to correct") << "arrow left" << QStringList{};
         QTest::newRow("every word must be close") << "arow zebra" << QStringList{};
         QTest::newRow("nothing typed") << " , " << QStringList{};
         QTest::newRow("too many words") << "a b c d e f g h i" << QStringList{};
