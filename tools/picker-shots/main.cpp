@@ -131,6 +131,8 @@ int main(int argc, char** argv)
     shoot(QStringLiteral("search-arrow"));
     model.setQuery(QStringLiteral("zzzz"));
     shoot(QStringLiteral("no-results"));
+    model.setQuery(QStringLiteral("arow"));
+    shoot(QStringLiteral("typo"));
     model.setQuery(QString());
     model.setStyle(IconStyle::filled);
     model.setColor(QStringLiteral("#DC2626"));

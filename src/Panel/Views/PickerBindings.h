@@ -32,6 +32,7 @@ class PickerBindings : public QObject {
     Q_PROPERTY(QString emptyGridText READ emptyGridText NOTIFY searchTextsChanged)
     Q_PROPERTY(QString emptyResultsTitle READ emptyResultsTitle NOTIFY searchTextsChanged)
     Q_PROPERTY(QString emptyResultsHint READ emptyResultsHint NOTIFY searchTextsChanged)
+    Q_PROPERTY(QStringList didYouMeanNames READ didYouMeanNames NOTIFY searchTextsChanged)
     Q_PROPERTY(QString nearMatchLine READ nearMatchLine NOTIFY searchTextsChanged)
     Q_PROPERTY(QStringList nearMatchNames READ nearMatchNames NOTIFY searchTextsChanged)
     Q_PROPERTY(QString iconCountLine READ iconCountLine NOTIFY searchTextsChanged)
@@ -76,6 +77,8 @@ public:
     QString emptyGridText() const;
     QString emptyResultsTitle() const;
     QString emptyResultsHint() const;
+    // What a typo most likely kept the search from finding, shown first.
+    QStringList didYouMeanNames() const;
     QString nearMatchLine() const;
     QStringList nearMatchNames() const;
     QString iconCountLine() const;
@@ -127,5 +130,6 @@ private:
     PickerResultsModel m_results;
     mutable QString m_nearQuery;
     mutable QStringList m_nearWords;
-    mutable QStringList m_nearNames;
+    mutable QStringList m_nearNames; // without the typo matches
+    mutable QStringList m_typoNames;
 };
