@@ -51,6 +51,21 @@ void nearMatches(benchmark::State& state)
 }
 BENCHMARK(nearMatches)->Unit(benchmark::kMicrosecond);
 
+// The typo pass over the whole catalogue, its index built beforehand.
+void typoMatches(benchmark::State& state, const char* query)
+{
+    const QString text = QString::fromUtf8(query);
+    const qsizetype found = library().typoMatches(text, 5).size();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(library().typoMatches(text, 5));
+    state.counters["results"] = static_cast<double>(found);
+}
+BENCHMARK_CAPTURE(typoMatches, arow, "arow")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(typoMatches, calender, "calender")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(typoMatches, arow_left, "arow-left")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(typoMatches, brightnes_half, "brightnes halff")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(typoMatches, long_name, "device-desktop-analytcs")->Unit(benchmark::kMicrosecond);
+
 // Every path string of every icon, both styles, into painter paths.
 void parseEveryPath(benchmark::State& state)
 {

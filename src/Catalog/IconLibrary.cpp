@@ -186,6 +186,7 @@ void IconLibrary::apply(File file)
     m_categories = QStringList(categories.cbegin(), categories.cend());
     std::sort(m_categories.begin(), m_categories.end());
     m_search.reset();
+    m_typos.reset();
     {
         const QMutexLocker lock(&m_cacheLock);
         m_pathCache.clear();
@@ -232,6 +233,27 @@ const IconSearch& IconLibrary::searchIndex() const
     if (!m_search)
         m_search.emplace(m_icons);
     return *m_search;
+}
+
+IconList IconLibrary::typoMatches(QStringView query, int limit) const
+{
+    if (!m_typos)
+        m_typos.emplace(m_icons);
+    return m_typos->matches(query, limit);
+}
+
+IconList IconLibrary::suggestions(QStringView query, int limit) const
+{
+    IconList result = typoMatches(query, limit);
+    for (const Icon& icon : nearMatches(query, limit).icons) {
+        if (result.size() >= limit)
+            break;
+        const bool known = std::any_of(result.cbegin(), result.cend(),
+                                       [&](const Icon& other) { return other.id() == icon.id(); });
+        if (!known)
+            result.append(icon);
+    }
+    return result;
 }
 
 int IconLibrary::outlineCount() const

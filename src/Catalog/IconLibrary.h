@@ -2,6 +2,7 @@
 
 #include "Icon.h"
 #include "IconSearch.h"
+#include "TypoMatches.h"
 
 #include <QHash>
 #include <QMutex>
@@ -97,6 +98,11 @@ public:
     }
     // Built on the first search rather than at start-up.
     const IconSearch& searchIndex() const;
+    // What a query that found nothing most likely meant, despite a typo.
+    IconList typoMatches(QStringView query, int limit) const;
+    // The typo matches, then the icons of the near matches, each icon once:
+    // up to `limit` close names for a query that found nothing.
+    IconList suggestions(QStringView query, int limit) const;
 
     // 5233 -> "5,233"
     static QString number(qint64 value);
@@ -123,6 +129,7 @@ private:
     QStringList m_categories;
     QHash<QString, qsizetype> m_byName;
     mutable std::optional<IconSearch> m_search;
+    mutable std::optional<TypoMatches> m_typos;
 
     mutable QMutex m_cacheLock;
     mutable QHash<QString, QPainterPath> m_pathCache;

@@ -99,6 +99,8 @@ private slots:
         QTest::addColumn<QByteArray>("message");
         QTest::newRow("unknown icon")
             << QStringList{"export", "umbrellas"} << 1 << QByteArray("umbrella");
+        QTest::newRow("typo names the icon first")
+            << QStringList{"export", "arow-left"} << 1 << QByteArray("close names: arrow-left,");
         QTest::newRow("unknown format")
             << QStringList{"export", "plus", "--format", "gif"} << 2 << QByteArray("--format");
         QTest::newRow("bad size") << QStringList{"export", "plus", "--size", "0"} << 2

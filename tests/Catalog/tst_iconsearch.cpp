@@ -1,4 +1,5 @@
 #include "Catalog/IconLibrary.h"
+#include "TestData.h"
 
 #include <QTest>
 
@@ -8,14 +9,6 @@ Icon icon(const char* name, QStringList tags = {}, const char* category = "")
 {
     return Icon(QString::fromUtf8(name), QString::fromUtf8(category), std::move(tags), PathList{},
                 {});
-}
-
-QStringList names(const IconList& icons)
-{
-    QStringList result;
-    for (const Icon& i : icons)
-        result.append(i.id());
-    return result;
 }
 
 // Names chosen so each scoring rule decides one place.
@@ -32,6 +25,8 @@ const IconList fixture{
 };
 
 } // namespace
+
+using TestData::names;
 
 class TestIconSearch : public QObject {
     Q_OBJECT

@@ -193,6 +193,15 @@ private slots:
         QCOMPARE(text(u"requestIconLink"_qs), u"Request an icon on GitHub"_qs);
     }
 
+    void typosOfferWhatWasMeantFirst()
+    {
+        f->model->setQuery(u"arow"_qs);
+        settle();
+        QVERIFY(shown(u"didYouMeanLine"_qs));
+        const QString meant = f->library->typoMatches(u"arow", 5).constFirst().id();
+        QVERIFY(shown(u"nearMatch_"_qs + meant));
+    }
+
     void nearMatchesAreQuotedAndDrawn()
     {
         f->model->setQuery(u"arrowz"_qs);

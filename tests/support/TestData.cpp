@@ -38,4 +38,12 @@ QString shippedCatalogue()
     return sourcePath(QStringLiteral("data/tabler-icons/tabler-icons.json"));
 }
 
+QStringList names(const IconList& icons)
+{
+    QStringList result;
+    for (const Icon& icon : icons)
+        result.append(icon.id());
+    return result;
+}
+
 } // namespace TestData

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Catalog/Icon.h"
+
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace TestData {
 
@@ -16,5 +19,8 @@ void writeFile(const QString& path, const QByteArray& bytes);
 
 // The committed catalogue of the real icon set.
 QString shippedCatalogue();
+
+// The icons' names, in order: what a comparison of results reads best as.
+QStringList names(const IconList& icons);
 
 } // namespace TestData

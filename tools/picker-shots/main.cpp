@@ -135,6 +135,8 @@ int main(int argc, char** argv)
     model.setQuery(QStringLiteral("arrow"));
     shoot(QStringLiteral("search-all"));
     model.setTab(PickerTab::all());
+    model.setQuery(QStringLiteral("arow"));
+    shoot(QStringLiteral("typo"));
     model.setQuery(QString());
     model.setStyle(IconStyle::filled);
     model.setColor(QStringLiteral("#DC2626"));

@@ -90,6 +90,23 @@ Item {
             }
         }
         Text {
+            objectName: "didYouMeanLine"
+            Layout.fillWidth: true
+            Layout.topMargin: 8
+            visible: empty.bindings.didYouMeanNames.length > 0
+            horizontalAlignment: Text.AlignHCenter
+            text: "Did you mean"
+            color: Theme.text
+            font.pixelSize: 13
+        }
+        SuggestionRow {
+            objectName: "didYouMeanIcons"
+            Layout.alignment: Qt.AlignHCenter
+            model: empty.model
+            filled: empty.bindings.filled
+            names: empty.bindings.didYouMeanNames
+        }
+        Text {
             objectName: "nearMatchLine"
             Layout.fillWidth: true
             Layout.topMargin: 8
@@ -100,41 +117,12 @@ Item {
             color: Theme.text
             font.pixelSize: 13
         }
-        Row {
+        SuggestionRow {
             objectName: "nearMatchIcons"
             Layout.alignment: Qt.AlignHCenter
-            visible: empty.bindings.nearMatchNames.length > 0
-            spacing: 6
-            Repeater {
-                model: empty.bindings.nearMatchNames
-                Rectangle {
-                    id: nearMatch
-                    required property string modelData
-                    objectName: "nearMatch_" + modelData
-                    width: 48
-                    height: 48
-                    radius: Theme.radius
-                    color: nearArea.containsMouse ? Theme.hover : Theme.card
-                    border.color: Theme.outline
-                    border.width: 1
-                    Accessible.role: Accessible.Button
-                    Accessible.name: modelData
-                    IconImage {
-                        anchors.centerIn: parent
-                        name: nearMatch.modelData
-                        size: 24
-                        filled: empty.bindings.filled
-                        color: empty.model.color
-                    }
-                    // A suggestion searches for itself.
-                    MouseArea {
-                        id: nearArea
-                        anchors.fill: parent
-                        hoverEnabled: true
-                        onClicked: empty.model.query = nearMatch.modelData
-                    }
-                }
-            }
+            model: empty.model
+            filled: empty.bindings.filled
+            names: empty.bindings.nearMatchNames
         }
         Row {
             Layout.alignment: Qt.AlignHCenter

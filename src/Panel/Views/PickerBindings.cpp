@@ -159,17 +159,29 @@ void PickerBindings::computeNearMatches() const
         m_nearQuery.clear();
         m_nearWords.clear();
         m_nearNames.clear();
+        m_typoNames.clear();
         return;
     }
     if (m_model->query() == m_nearQuery)
         return;
     m_nearQuery = m_model->query();
-    const IconSearch::NearMatches near =
-        m_model->library()->nearMatches(m_nearQuery, nearMatchLimit);
+    const IconLibrary& library = *m_model->library();
+    m_typoNames.clear();
+    for (const Icon& icon : library.typoMatches(m_nearQuery, nearMatchLimit))
+        m_typoNames.append(icon.id());
+    const IconSearch::NearMatches near = library.nearMatches(m_nearQuery, nearMatchLimit);
     m_nearWords = near.words;
     m_nearNames.clear();
-    for (const Icon& icon : near.icons)
-        m_nearNames.append(icon.id());
+    for (const Icon& icon : near.icons) {
+        if (!m_typoNames.contains(icon.id()))
+            m_nearNames.append(icon.id());
+    }
+}
+
+QStringList PickerBindings::didYouMeanNames() const
+{
+    computeNearMatches();
+    return m_typoNames;
 }
 
 QString PickerBindings::nearMatchLine() const

@@ -36,6 +36,7 @@ class PickerBindings : public QObject {
     // A tab that finds nothing offers the whole catalogue, with its keys.
     Q_PROPERTY(bool offersSearchAll READ offersSearchAll NOTIFY searchTextsChanged)
     Q_PROPERTY(QString searchAllKeys READ searchAllKeys CONSTANT)
+    Q_PROPERTY(QStringList didYouMeanNames READ didYouMeanNames NOTIFY searchTextsChanged)
     Q_PROPERTY(QString nearMatchLine READ nearMatchLine NOTIFY searchTextsChanged)
     Q_PROPERTY(QStringList nearMatchNames READ nearMatchNames NOTIFY searchTextsChanged)
     Q_PROPERTY(QString iconCountLine READ iconCountLine NOTIFY searchTextsChanged)
@@ -87,6 +88,8 @@ public:
     QString emptyResultsHint() const;
     bool offersSearchAll() const { return m_model && m_model->canSearchAllIcons(); }
     static QString searchAllKeys();
+    // What a typo most likely kept the search from finding, shown first.
+    QStringList didYouMeanNames() const;
     QString nearMatchLine() const;
     QStringList nearMatchNames() const;
     QString iconCountLine() const;
@@ -142,5 +145,6 @@ private:
     FormatListModel m_imageFormats;
     mutable QString m_nearQuery;
     mutable QStringList m_nearWords;
-    mutable QStringList m_nearNames;
+    mutable QStringList m_nearNames; // without the typo matches
+    mutable QStringList m_typoNames;
 };

@@ -93,10 +93,11 @@ int near(const QStringList& args, Io& io)
     if (!valid || limit < 0)
         return usageError(io, QStringLiteral("--limit takes a whole number of 0 or more"));
 
-    const auto matches =
-        IconLibrary::shared().nearMatches(joinedQuery(parser.positionalArguments()), limit);
-    io.out << "words: " << matches.words.join(QStringLiteral(", ")) << '\n';
-    for (const Icon& icon : matches.icons)
+    const QString query = joinedQuery(parser.positionalArguments());
+    const IconLibrary& library = IconLibrary::shared();
+    io.out << "words: " << library.nearMatches(query, limit).words.join(QStringLiteral(", "))
+           << '\n';
+    for (const Icon& icon : library.suggestions(query, limit))
         io.out << icon.id() << '\n';
     return Status::ok;
 }

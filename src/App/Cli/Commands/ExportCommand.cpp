@@ -57,10 +57,10 @@ private:
 int unknownIcon(const QString& name, Io& io)
 {
     io.err << "pictray: there is no icon named '" << name << "'";
-    const auto near = IconLibrary::shared().nearMatches(QString(name).replace(u'-', u' '), 5);
-    if (!near.icons.isEmpty()) {
+    const IconList close = IconLibrary::shared().suggestions(QString(name).replace(u'-', u' '), 5);
+    if (!close.isEmpty()) {
         QStringList names;
-        for (const Icon& icon : near.icons)
+        for (const Icon& icon : close)
             names.append(icon.id());
         io.err << "; close names: " << names.join(QStringLiteral(", "));
     }

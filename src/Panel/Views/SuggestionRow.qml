@@ -1,0 +1,47 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Pictray.Kit
+import Pictray.Picker
+
+// Icons offered for a search that found nothing; clicking one searches for it.
+Row {
+    id: row
+    required property PickerModel model
+    required property bool filled
+    // Icon names: a QStringList, which qmllint of this Qt does not match
+    // to list<string>.
+    required property var names
+    visible: names.length > 0
+    spacing: 6
+
+    Repeater {
+        model: row.names
+        Rectangle {
+            id: suggestion
+            required property string modelData
+            objectName: "nearMatch_" + modelData
+            width: 48
+            height: 48
+            radius: Theme.radius
+            color: area.containsMouse ? Theme.hover : Theme.card
+            border.color: Theme.outline
+            border.width: 1
+            Accessible.role: Accessible.Button
+            Accessible.name: modelData
+            IconImage {
+                anchors.centerIn: parent
+                name: suggestion.modelData
+                size: 24
+                filled: row.filled
+                color: row.model.color
+            }
+            MouseArea {
+                id: area
+                anchors.fill: parent
+                hoverEnabled: true
+                onClicked: row.model.query = suggestion.modelData
+            }
+        }
+    }
+}
