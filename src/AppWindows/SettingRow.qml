@@ -16,10 +16,12 @@ RowLayout {
         Layout.fillWidth: true
         Layout.alignment: Qt.AlignVCenter
         spacing: 2
+        // One line: a wrapping label is laid out before the window has its
+        // width and keeps that first, taller height.
         Text {
             id: labelText
             Layout.fillWidth: true
-            wrapMode: Text.WordWrap
+            elide: Text.ElideRight
             color: Theme.text
             font.pixelSize: Theme.fontSize
         }

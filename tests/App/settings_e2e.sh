@@ -39,7 +39,7 @@ picker_hidden() { ! picker_shown; }
 
 # The "Open picker" field, as laid out at the window's default size.
 xdotool windowactivate --sync "$settings" 2>/dev/null
-xdotool mousemove --window "$settings" 362 254 click 1
+xdotool mousemove --window "$settings" 362 292 click 1
 xdotool key ctrl+shift+k
 check "the recorded shortcut is stored" wait_for 10 bash -c \
     "'$PICTRAY' prefs get pickerHotKey | grep -q '\"keyCode\":40'"
