@@ -134,6 +134,7 @@ check "toggle again" "$PICTRAY" toggle
 # Started again: the running one opens its settings and the new one leaves.
 check "a second pictray exits at once" timeout 30 "$PICTRAY"
 check "... and the settings window opens" wait_for 30 xdotool search --onlyvisible --name '^General$'
+settings_window=$(xdotool search --onlyvisible --name '^General$' | head -1)
 check "the first instance still runs" kill -0 "$tray_pid"
 
 # --- The picker panel ---
@@ -156,8 +157,17 @@ panel_has_keyboard() { [ "$(xdotool getwindowfocus)" = "$(panel_window)" ]; }
 no_panel() { ! panel_window; }
 # The shortcut toggles: a panel still closing after a copy would be closed
 # again instead of opened, so wait for it to go first.
+# When the panel goes, the window manager hands the keyboard back to the
+# settings window; on a busy machine it may do so after the next panel has
+# shown and take the keyboard from it, so wait for that hand-over first.
+keyboard_handed_back() {
+    local focus
+    focus=$(xdotool getwindowfocus 2>/dev/null) || return 0
+    [ "$focus" != "${panel:-}" ] && { [ -z "${settings_window:-}" ] || [ "$focus" = "$settings_window" ]; }
+}
 open_panel() {
     wait_for 15 no_panel
+    [ -z "${panel:-}" ] || wait_for 15 keyboard_handed_back || true
     xdotool key ctrl+alt+i
     wait_for 15 panel_window || return 1
     wait_for 15 panel_has_keyboard || true # a gate for typing, not a check
