@@ -53,22 +53,13 @@ bool SettingsForm::canPaste() const
 
 QString SettingsForm::commitColorText(const QString& text)
 {
-    const QString trimmed = text.trimmed();
-    if (trimmed.compare(u"currentcolor", Qt::CaseInsensitive) == 0) {
-        m_prefs.setDefaultColor(QStringLiteral("currentColor"));
-        return m_prefs.defaultColor();
-    }
-    const QString withHash = trimmed.startsWith(u'#') ? trimmed : u'#' + trimmed;
-    const auto color = HexColor::parse(withHash);
+    const std::optional<QString> color = HexColor::fromTyped(text);
     if (!color) {
         m_beep();
         return m_prefs.defaultColor();
     }
-    // Six digits, or eight with alpha last as CSS writes it.
-    QString normal = color->name(QColor::HexRgb);
-    if (color->alpha() != 255)
-        normal += QStringLiteral("%1").arg(color->alpha(), 2, 16, QLatin1Char('0'));
-    m_prefs.setDefaultColor(normal);
+    // Settings keep hexadecimal colours in lower case, as CSS is usually written.
+    m_prefs.setDefaultColor(color->startsWith(u'#') ? color->toLower() : *color);
     return m_prefs.defaultColor();
 }
 
