@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Pictray.Kit
 import Pictray.Windows
 
 // Who made Pictray, which versions run, and the icon set's credits.
@@ -72,7 +73,7 @@ Item {
             onLinkActivated: link => Qt.openUrlExternally(link)
             HoverHandler { cursorShape: parent.hoveredLink ? Qt.PointingHandCursor : Qt.ArrowCursor }
         }
-        Button {
+        AccessibleButton {
             Layout.alignment: Qt.AlignHCenter
             text: "MIT License"
             flat: true
@@ -81,11 +82,11 @@ Item {
         RowLayout {
             Layout.alignment: Qt.AlignHCenter
             spacing: 12
-            Button {
+            AccessibleButton {
                 text: "Website"
                 onClicked: Qt.openUrlExternally(view.about.websiteURL)
             }
-            Button {
+            AccessibleButton {
                 text: "Support"
                 onClicked: Qt.openUrlExternally(view.about.supportURL)
             }
@@ -131,7 +132,7 @@ Item {
                     background: null
                 }
             }
-            Button {
+            AccessibleButton {
                 Layout.alignment: Qt.AlignRight
                 text: "Close"
                 onClicked: licence.close()

@@ -30,6 +30,7 @@ ScrollView {
             }
             SettingRow {
                 label: "Default style"
+                namesControl: true
                 SegmentedControl {
                     objectName: "defaultStyle"
                     segments: view.choices.defaultStyleLabels
@@ -40,6 +41,7 @@ ScrollView {
             }
             SettingRow {
                 label: "Default color"
+                namesControl: true
                 TextField {
                     id: colorField
                     objectName: "defaultColor"
@@ -64,6 +66,7 @@ ScrollView {
             }
             SettingRow {
                 label: "Default stroke"
+                namesControl: true
                 Row {
                     spacing: 8
                     KitSlider {
@@ -143,6 +146,7 @@ ScrollView {
             }
             SettingRow {
                 label: "React language"
+                namesControl: true
                 SegmentedControl {
                     objectName: "reactLanguage"
                     segments: view.choices.reactLanguageLabels
@@ -174,7 +178,7 @@ ScrollView {
                 label: "Copy PNG at"
                 Row {
                     spacing: 4
-                    CheckBox {
+                    AccessibleCheckBox {
                         objectName: "png1x"
                         text: "1×"
                         checked: view.prefs.png1x
@@ -183,7 +187,7 @@ ScrollView {
                             checked = Qt.binding(() => view.prefs.png1x);
                         }
                     }
-                    CheckBox {
+                    AccessibleCheckBox {
                         objectName: "png2x"
                         text: "2×"
                         checked: view.prefs.png2x
@@ -192,7 +196,7 @@ ScrollView {
                             checked = Qt.binding(() => view.prefs.png2x);
                         }
                     }
-                    CheckBox {
+                    AccessibleCheckBox {
                         objectName: "png3x"
                         text: "3×"
                         checked: view.prefs.png3x
@@ -205,6 +209,7 @@ ScrollView {
             }
             SettingRow {
                 label: "Background"
+                namesControl: true
                 SegmentedControl {
                     objectName: "pngBackground"
                     segments: view.choices.pngBackgroundLabels

@@ -95,6 +95,7 @@ ScrollView {
             }
             SettingRow {
                 label: "Appearance"
+                namesControl: true
                 SegmentedControl {
                     objectName: "appearance"
                     segments: view.choices.appearanceLabels
@@ -123,7 +124,7 @@ ScrollView {
             SettingRow {
                 label: view.library.iconSetName
                 caption: view.library.iconSetDetail
-                Button {
+                AccessibleButton {
                     objectName: "checkForNewIcons"
                     text: "Check for New Icons"
                     enabled: !view.library.checking
@@ -133,6 +134,9 @@ ScrollView {
             Text {
                 objectName: "updaterStatus"
                 Layout.fillWidth: true
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+                Accessible.ignored: !visible
                 visible: text.length > 0
                 wrapMode: Text.WordWrap
                 text: view.library.updaterStatus
@@ -145,13 +149,13 @@ ScrollView {
                 caption: view.library.favoritesText
                 Row {
                     spacing: 6
-                    Button {
+                    AccessibleButton {
                         objectName: "importFavorites"
                         text: "Import…"
                         Accessible.name: "Import favorites"
                         onClicked: view.library.chooseImportFile()
                     }
-                    Button {
+                    AccessibleButton {
                         objectName: "exportFavorites"
                         text: "Export…"
                         Accessible.name: "Export favorites"
@@ -185,7 +189,7 @@ ScrollView {
                             value = Qt.binding(() => view.form.recentsLimit);
                         }
                     }
-                    Button {
+                    AccessibleButton {
                         objectName: "clearRecents"
                         text: "Clear"
                         enabled: view.library.hasRecents
@@ -197,6 +201,9 @@ ScrollView {
             Text {
                 objectName: "libraryMessage"
                 Layout.fillWidth: true
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+                Accessible.ignored: !visible
                 visible: text.length > 0
                 wrapMode: Text.WordWrap
                 text: view.library.message

@@ -4,6 +4,7 @@ import QtQuick.Controls
 // A setting that is a whole number within a range.
 SettingRow {
     id: row
+    namesControl: true
     property int value
     property int from
     property int to
@@ -20,6 +21,7 @@ SettingRow {
         value: row.value
         editable: true
         Accessible.name: row.accessibleName
+        Accessible.description: row.caption
         onValueModified: {
             row.modified(value);
             value = Qt.binding(() => row.value);

@@ -242,13 +242,13 @@ ApplicationWindow {
                 color: Theme.textSecondary
                 font.pixelSize: Theme.smallFontSize
             }
-            Button {
+            AccessibleButton {
                 objectName: "onboardingBack"
                 text: "Back"
                 enabled: window.step > 0
                 onClicked: window.step -= 1
             }
-            Button {
+            AccessibleButton {
                 objectName: "onboardingContinue"
                 text: window.step === window.lastStep ? "Start Using Pictray" : "Continue"
                 highlighted: true

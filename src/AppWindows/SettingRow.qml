@@ -3,11 +3,13 @@ import QtQuick.Layouts
 import Pictray.Kit
 
 // One setting: its label and optional caption on the left, its control on
-// the right.
+// the right. A control named after the row sets namesControl, so that a
+// screen reader hears the label once, as the control's name.
 RowLayout {
     id: row
     property alias label: labelText.text
     property alias caption: captionText.text
+    property bool namesControl: false
     default property alias control: controlSlot.data
     Layout.fillWidth: true
     spacing: 12
@@ -24,6 +26,9 @@ RowLayout {
             elide: Text.ElideRight
             color: Theme.text
             font.pixelSize: Theme.fontSize
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: row.namesControl
         }
         Text {
             id: captionText
@@ -32,6 +37,9 @@ RowLayout {
             wrapMode: Text.WordWrap
             color: Theme.textSecondary
             font.pixelSize: Theme.smallFontSize
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: row.namesControl || !visible
         }
     }
     Row {

@@ -61,6 +61,8 @@ ApplicationWindow {
                 objectName: "settingsTabs"
                 anchors.centerIn: parent
                 spacing: 6
+                Accessible.role: Accessible.PageTabList
+                Accessible.name: "Settings"
                 Repeater {
                     model: window.tabLabels
                     Rectangle {
@@ -72,6 +74,11 @@ ApplicationWindow {
                         height: 54
                         radius: Theme.radius
                         color: current ? Theme.accentSoft : (tabArea.containsMouse ? Theme.hover : "transparent")
+                        Accessible.role: Accessible.PageTab
+                        Accessible.name: modelData
+                        Accessible.selectable: true
+                        Accessible.selected: current
+                        Accessible.onPressAction: window.currentTab = index
                         Column {
                             anchors.centerIn: parent
                             spacing: 4

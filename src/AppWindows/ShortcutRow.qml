@@ -32,12 +32,13 @@ ColumnLayout {
             keyCaps: row.setting.keyCaps
             recording: row.setting.recording
             accessibleName: row.setting.accessibleName
+            accessibleDescription: row.label
             onToggled: row.setting.toggleRecording()
             onCleared: row.setting.clear()
             onKeyPressed: (key, modifiers, nativeScanCode) => row.setting.press(key, modifiers,
                                                                                 nativeScanCode)
         }
-        Button {
+        AccessibleButton {
             objectName: row.objectName + "Reset"
             visible: row.showsReset
             text: "Reset"

@@ -1,16 +1,18 @@
 import QtQuick
-import QtQuick.Controls
+import Pictray.Kit
 
 // A setting that is on or off.
 SettingRow {
     id: row
+    namesControl: true
     property bool checked
     signal toggled(bool checked)
 
-    Switch {
+    AccessibleSwitch {
         objectName: row.objectName + "Switch"
         checked: row.checked
         Accessible.name: row.label
+        Accessible.description: row.caption
         onToggled: {
             row.toggled(checked);
             // A click broke the binding: follow the setting again, which

@@ -69,7 +69,9 @@ Item {
             color: current ? Theme.accentFill : (chipArea.containsMouse ? Theme.hover : Theme.control)
             Accessible.role: Accessible.PageTab
             Accessible.name: modelData
-            Accessible.checked: current
+            Accessible.selectable: true
+            Accessible.selected: current
+            Accessible.onPressAction: row.bindings.tabIndex = index
 
             Row {
                 id: chipContent

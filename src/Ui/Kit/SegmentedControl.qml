@@ -44,7 +44,9 @@ Rectangle {
                 border.color: Theme.outline
                 Accessible.role: Accessible.PageTab
                 Accessible.name: modelData
-                Accessible.checked: current
+                Accessible.selectable: true
+                Accessible.selected: current
+                Accessible.onPressAction: control.activated(segment.index)
                 TextMetrics {
                     id: boldLabel
                     font.pixelSize: 12

@@ -12,6 +12,8 @@ Rectangle {
     property bool recording: false
     // Spoken for the whole control ("Shortcut: Control Alt I. Click to record a new one.").
     property string accessibleName
+    // Which shortcut this is ("Open picker"), where a window has several.
+    property string accessibleDescription
     property bool prominent: false
     signal toggled
     signal cleared
@@ -26,6 +28,7 @@ Rectangle {
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: recording ? "Press shortcut…" : accessibleName
+    Accessible.description: accessibleDescription
     Accessible.onPressAction: recorder.toggled()
 
     Keys.onPressed: event => {
