@@ -35,6 +35,10 @@ PickerController::PickerController(PickerModel& model, Preferences& prefs, UserL
 {
     connect(&m_model, &PickerModel::copied, this, &PickerController::didCopy);
     connect(&m_model, &PickerModel::nothingToCopy, this, &PickerController::beep);
+    // An open panel takes a new appearance at once, like the other windows.
+    m_appearance.setMode(m_prefs.appearance());
+    connect(&m_prefs, &Preferences::appearanceChanged, this,
+            [this] { m_appearance.setMode(m_prefs.appearance()); });
 }
 
 PickerController::~PickerController()
@@ -55,7 +59,6 @@ void PickerController::show(std::optional<PickerTab> tab)
         m_model.setTab(*tab);
     else if (!m_prefs.showCategoryBar())
         m_model.setTab(PickerTab::all()); // with the bar hidden there is no other way back
-    m_appearance.setMode(m_prefs.appearance());
     m_model.prepareForShow();
     place();
     if (!m_panel->isVisible())

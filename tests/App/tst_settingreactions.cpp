@@ -2,6 +2,7 @@
 #include "App/Shell/StatusItemController.h"
 #include "AppWindows/WindowManager.h"
 #include "Catalog/IconLibrary.h"
+#include "Panel/PickerController.h"
 #include "PictrayProcess.h"
 #include "Platform/HotKeyBackend.h"
 #include "Platform/HotKeyCenter.h"
@@ -118,14 +119,20 @@ private slots:
         QCOMPARE(ink, *trayColor);
     }
 
+    // The windows and the picker, also when the picker last opened in another appearance.
     void appearanceIsAppliedOnceTheChangeHasLanded()
     {
+        prefs->setAppearance(AppearanceMode::light);
+        app->picker().show();
         prefs->setAppearance(AppearanceMode::dark);
         QTRY_COMPARE(app->windowManager().appearance().mode(), AppearanceMode::dark);
         QVERIFY(QApplication::palette().window().color().lightness() < 128);
+        QVERIFY(app->picker().appearance().dark());
         prefs->setAppearance(AppearanceMode::light);
         QTRY_COMPARE(app->windowManager().appearance().mode(), AppearanceMode::light);
         QVERIFY(QApplication::palette().window().color().lightness() > 128);
+        QVERIFY(!app->picker().appearance().dark());
+        app->picker().hide();
     }
 
     void recentsAreCutToALowerLimit()

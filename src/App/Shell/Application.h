@@ -51,6 +51,7 @@ public:
 
     Preferences& preferences() { return *m_prefs; }
     WindowManager& windowManager() { return *m_windows; }
+    PickerController& picker() { return *m_picker; }
     StatusItemController& statusItem() { return *m_status; }
     // Starting at login, as this desktop does it.
     LoginItem& loginItem() { return *m_platform.loginItem; }
