@@ -34,12 +34,6 @@ PICTRAY_TRACE_STARTUP=1 "$PICTRAY" >"$work/pictray.log" 2>&1 &
 tray_pid=$!
 pids+=($tray_pid)
 
-# The tray icon: an XEmbed client window of class pictray inside trayer.
-tray_icon_geometry() {
-    xwininfo -root -tree | awk '/\("pictray" "Pictray"\)/ && $0 ~ /22x22|24x24|16x16|20x20/ {
-        split($NF, a, "+"); split($(NF-1), s, "+"); split(s[1], wh, "x");
-        print a[2], a[3], wh[1], wh[2]; exit }'
-}
 if wait_for 20 bash -c "[ -n \"\$(xwininfo -root -tree | grep '(\"pictray\" \"Pictray\")')\" ]"; then
     docked=$(date +%s%N)
     pass "tray icon appears in trayer"
@@ -60,52 +54,6 @@ echo "measure: idle VmRSS $(awk '/VmRSS/ {print $2, $3}' /proc/$tray_pid/status)
 
 check "copy-last with nothing copied fails" bash -c "! '$PICTRAY' copy-last 2>/dev/null"
 
-# The tray menu: a visible window of pictray's (found by class: the menu has
-# no plain name) larger than the heads-up message and the tray icon, smaller
-# than the settings, onboarding and picker windows.
-menu_shown() {
-    local w
-    for w in $(xdotool search --onlyvisible --class pictray); do
-        read -r width height <<<"$(xwininfo -id "$w" |
-            awk '/Width:/ {w = $2} /Height:/ {h = $2} END {print w, h}')"
-        ((width >= 150 && width < 450 && height >= 100 && height < 480)) && return 0
-    done
-    return 1
-}
-menu_hidden() { ! menu_shown; }
-# A busy machine may take the first click for nothing: click again until the
-# menu shows.
-open_menu() {
-    local attempt
-    for attempt in 1 2 3; do
-        xdotool mousemove "$icon_cx" "$icon_cy" click 3
-        wait_for 15 menu_shown && return 0
-        echo "the menu did not show (attempt $attempt)"
-        xdotool key Escape
-    done
-    return 1
-}
-last_recent_is() { [ "$("$PICTRAY" recents | head -1)" == "$1" ]; }
-
-# Copies through the tray menu: Favorites > NAME, in the default format, and
-# waits until the copy is recorded. The recent row, once there, takes one step
-# of the arrow keys. Keys sent before the menu took the keyboard are lost:
-# then it opens the menu again.
-copy_favorite() { # copy_favorite POSITION-IN-FAVORITES NAME
-    local keys=(Down Down) attempt
-    [ -n "$("$PICTRAY" recents)" ] && keys+=(Down)
-    keys+=(Right)
-    for ((i = 1; i < $1; i++)); do keys+=(Down); done
-    for attempt in 1 2 3; do
-        open_menu || return 1
-        xdotool key "${keys[@]}" Return
-        wait_for 15 last_recent_is "$2" && return 0
-        echo "the copy of $2 was not recorded (attempt $attempt)"
-        xdotool key Escape Escape
-        wait_for 15 menu_hidden
-    done
-    return 1
-}
 copy_favorite 2 heart && copy_favorite 3 star && copy_favorite 4 bolt # for the recent row
 expected=$("$PICTRAY" export arrow-left)
 clear_clipboard
@@ -138,19 +86,6 @@ settings_window=$(xdotool search --onlyvisible --name '^General$' | head -1)
 check "the first instance still runs" kill -0 "$tray_pid"
 
 # --- The picker panel ---
-# geometry ID: sets X, Y (absolute), WIDTH and HEIGHT from xwininfo.
-geometry() {
-    eval "$(xwininfo -id "$1" | awk -F: '
-        /Absolute upper-left X/ {print "X=" $2+0} /Absolute upper-left Y/ {print "Y=" $2+0}
-        /Width/ {print "WIDTH=" $2+0} /Height/ {print "HEIGHT=" $2+0}')"
-}
-panel_window() { # the visible Pictray window as large as the panel
-    for w in $(xdotool search --onlyvisible --name '^Pictray$'); do
-        geometry "$w"
-        if [ "$WIDTH" -ge 780 ] && [ "$HEIGHT" -ge 730 ]; then echo "$w"; return 0; fi
-    done
-    return 1
-}
 # Typing goes to the panel only once it has the keyboard, which a busy
 # machine gives it some frames after it shows.
 panel_has_keyboard() { [ "$(xdotool getwindowfocus)" = "$(panel_window)" ]; }
