@@ -200,6 +200,12 @@ private slots:
         QVERIFY(shown(u"didYouMeanLine"_qs));
         const QString meant = f->library->typoMatches(u"arow", 5).constFirst().id();
         QVERIFY(shown(u"nearMatch_"_qs + meant));
+        // "zzz" and "zzz-off" are both what was meant and what the tag finds:
+        // shown once, without a tag line over an empty row.
+        f->model->setQuery(u"zzzz"_qs);
+        settle();
+        QVERIFY(shown(u"nearMatch_zzz"_qs));
+        QVERIFY(!shown(u"nearMatchLine"_qs));
     }
 
     void nearMatchesAreQuotedAndDrawn()

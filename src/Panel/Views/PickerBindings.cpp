@@ -187,7 +187,8 @@ QStringList PickerBindings::didYouMeanNames() const
 QString PickerBindings::nearMatchLine() const
 {
     computeNearMatches();
-    if (m_nearWords.isEmpty())
+    // Its icons may all stand in "Did you mean" already: no line over nothing.
+    if (m_nearWords.isEmpty() || (m_nearNames.isEmpty() && !m_typoNames.isEmpty()))
         return {};
     QStringList quoted;
     for (const QString& word : m_nearWords)

@@ -17,24 +17,44 @@ Row {
 
     Repeater {
         model: row.names
-        Rectangle {
+        // The icon with its name under it: the glyph alone does not say
+        // which of several look-alikes was meant.
+        Item {
             id: suggestion
             required property string modelData
             objectName: "nearMatch_" + modelData
-            width: 48
-            height: 48
-            radius: Theme.radius
-            color: area.containsMouse ? Theme.hover : Theme.card
-            border.color: Theme.outline
-            border.width: 1
+            width: 80
+            height: cell.height + 4 + caption.height
             Accessible.role: Accessible.Button
             Accessible.name: modelData
-            IconImage {
-                anchors.centerIn: parent
-                name: suggestion.modelData
-                size: 24
-                filled: row.filled
-                color: row.model.color
+            Accessible.onPressAction: row.model.query = suggestion.modelData
+            Rectangle {
+                id: cell
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: 48
+                height: 48
+                radius: Theme.radius
+                color: area.containsMouse ? Theme.hover : Theme.card
+                border.color: Theme.outline
+                border.width: 1
+                IconImage {
+                    anchors.centerIn: parent
+                    name: suggestion.modelData
+                    size: 24
+                    filled: row.filled
+                    color: row.model.color
+                }
+            }
+            Text {
+                id: caption
+                anchors.top: cell.bottom
+                anchors.topMargin: 4
+                width: parent.width
+                horizontalAlignment: Text.AlignHCenter
+                elide: Text.ElideMiddle
+                text: suggestion.modelData
+                color: Theme.textSecondary
+                font.pixelSize: Theme.smallFontSize
             }
             MouseArea {
                 id: area
