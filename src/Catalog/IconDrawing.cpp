@@ -53,6 +53,8 @@ QList<IconDrawing::Ink> IconDrawing::inks(const QTransform& transform, double st
         if (!stroked.isEmpty())
             result.append({stroked, layer.opacity});
     }
+    for (Ink& ink : result)
+        ink.shape.setFillRule(Qt::WindingFill);
     return result;
 }
 

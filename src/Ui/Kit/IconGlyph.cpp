@@ -139,8 +139,6 @@ void IconGlyph::paint(QPainter* painter)
         const QPointF origin((width() - m_size) / 2, (height() - m_size) / 2);
         m_inks = m_drawing->inks(QTransform(k, 0, 0, k, origin.x(), origin.y()), m_stroke * k,
                                  curveTolerance);
-        for (IconDrawing::Ink& ink : m_inks)
-            ink.shape.setFillRule(Qt::WindingFill);
         m_shapeValid = true;
     }
     painter->setRenderHint(QPainter::Antialiasing);
