@@ -155,7 +155,8 @@ private slots:
             QSKIP("rsvg-convert is not installed");
         QList<IconExport> samples;
         for (const char* name : {"settings", "email-stamp", "dialpad", "a-b-2", "brand-github",
-                                 "chart-pie", "bell", "clock", "star", "dice-6", "arrow-left"})
+                                 "chart-pie", "bell", "clock", "star", "dice-6", "arrow-left",
+                                 "percentage-25", "brand-parsinta", "accessible"})
             samples += {m_catalogue.icon(QString::fromLatin1(name)), outline, 24, 2};
         for (const char* name : {"settings", "laurel-wreath-2", "live-photo", "mood-smile",
                                  "camera", "heart", "arrow-left"})
