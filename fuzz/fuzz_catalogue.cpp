@@ -1,6 +1,7 @@
 // Arbitrary bytes as a downloaded catalogue file: the version peek and the
 // full decode must never crash, hang or read out of bounds.
 #include "Catalog/CatalogueCodec.h"
+#include "Catalog/IconDrawing.h"
 #include "Catalog/IconLibrary.h"
 
 #include <cstddef>
@@ -14,8 +15,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         // Whatever decodes must also be searchable and drawable.
         IconSearch index(file->icons);
         (void)index.search(QStringLiteral("a b"), file->icons);
-        for (const Icon& icon : file->icons)
+        for (const Icon& icon : file->icons) {
             (void)icon.tagLine();
+            for (const IconStyle style : allCases<IconStyle>()) {
+                if (const PathList* paths = icon.paths(style))
+                    (void)IconDrawing::of(*paths, icon.paints(style), style);
+            }
+        }
     }
     return 0;
 }

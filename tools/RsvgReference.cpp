@@ -4,8 +4,13 @@
 
 #include <QProcess>
 #include <QStandardPaths>
+#include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdlib>
+#include <mutex>
+#include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -16,30 +21,22 @@ QString program()
     return QStandardPaths::findExecutable(u"rsvg-convert"_s);
 }
 
-QList<QImage> render(const QList<IconExport>& items, int scale, QString* error)
+QList<QImage> renderTexts(const QStringList& svgs, int cell, int scale, QString* error)
 {
-    if (items.isEmpty())
+    if (svgs.isEmpty())
         return {};
-    SnippetBuilder builder;
-    builder.classAttribute.clear();
-
-    int cell = 0;
-    for (const IconExport& item : items)
-        cell = std::max(cell, item.size);
-    const auto columns = static_cast<int>(std::ceil(std::sqrt(items.size())));
-    const auto rows = static_cast<int>((items.size() + columns - 1) / columns);
+    const auto columns = static_cast<int>(std::ceil(std::sqrt(svgs.size())));
+    const auto rows = static_cast<int>((svgs.size() + columns - 1) / columns);
 
     // A nested <svg> clips to its own viewport, as the edge of a separate
     // image would.
     QString sheet =
         uR"(<svg xmlns="http://www.w3.org/2000/svg" width="%1" height="%2">)"_s.arg(columns * cell)
             .arg(rows * cell);
-    for (qsizetype i = 0; i < items.size(); ++i) {
+    for (qsizetype i = 0; i < svgs.size(); ++i) {
         const QString position =
             uR"(<svg x="%1" y="%2")"_s.arg(i % columns * cell).arg(i / columns * cell);
-        IconExport black = items[i];
-        black.color = u"#000000"_s;
-        sheet += builder.svg(black, true).replace(0, 4, position);
+        sheet += QString(svgs[i]).replace(0, 4, position);
     }
     sheet += u"</svg>"_s;
 
@@ -59,13 +56,59 @@ QList<QImage> render(const QList<IconExport>& items, int scale, QString* error)
     }
 
     QList<QImage> images;
-    images.reserve(items.size());
-    for (qsizetype i = 0; i < items.size(); ++i) {
-        const int side = items[i].size * scale;
-        images += image.copy(static_cast<int>(i % columns) * cell * scale,
-                             static_cast<int>(i / columns) * cell * scale, side, side);
+    images.reserve(svgs.size());
+    for (qsizetype i = 0; i < svgs.size(); ++i) {
+        images +=
+            image.copy(static_cast<int>(i % columns) * cell * scale,
+                       static_cast<int>(i / columns) * cell * scale, cell * scale, cell * scale);
     }
     return images;
+}
+
+QList<QImage> render(const QList<IconExport>& items, int scale, QString* error)
+{
+    SnippetBuilder builder;
+    builder.classAttribute.clear();
+    int cell = 0;
+    QStringList svgs;
+    for (const IconExport& item : items) {
+        cell = std::max(cell, item.size);
+        IconExport black = item;
+        black.color = u"#000000"_s;
+        svgs += builder.svg(black, true);
+    }
+    QList<QImage> images = renderTexts(svgs, cell, scale, error);
+    for (qsizetype i = 0; i < images.size(); ++i) {
+        const int side = items[i].size * scale;
+        if (images[i].width() != side)
+            images[i] = images[i].copy(0, 0, side, side);
+    }
+    return images;
+}
+
+QString inRuns(qsizetype total, qsizetype perRun, int jobs,
+               const std::function<QString(qsizetype first, qsizetype count)>& run)
+{
+    std::atomic<qsizetype> next = 0;
+    std::mutex errorLock;
+    QString error;
+    const auto work = [&] {
+        for (qsizetype first = next.fetch_add(perRun); first < total;
+             first = next.fetch_add(perRun)) {
+            if (QString runError = run(first, std::min(perRun, total - first));
+                !runError.isEmpty()) {
+                const std::lock_guard lock(errorLock);
+                error = std::move(runError);
+                return;
+            }
+        }
+    };
+    std::vector<std::thread> workers;
+    for (int i = 0; i < std::max(1, jobs); ++i)
+        workers.emplace_back(work);
+    for (std::thread& worker : workers)
+        worker.join();
+    return error;
 }
 
 AlphaDifference alphaDifference(const QImage& a, const QImage& b)
@@ -86,6 +129,18 @@ AlphaDifference alphaDifference(const QImage& a, const QImage& b)
         }
     }
     return {static_cast<double>(total) / (static_cast<double>(left.width()) * left.height()), max};
+}
+
+double ink(const QImage& image)
+{
+    const QImage argb = image.convertToFormat(QImage::Format_ARGB32);
+    qint64 total = 0;
+    for (int y = 0; y < argb.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(argb.constScanLine(y));
+        for (int x = 0; x < argb.width(); ++x)
+            total += qAlpha(row[x]);
+    }
+    return static_cast<double>(total) / 255;
 }
 
 } // namespace RsvgReference

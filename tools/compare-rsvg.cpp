@@ -12,10 +12,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <algorithm>
-#include <atomic>
 #include <cstdio>
-#include <mutex>
-#include <thread>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -90,20 +87,13 @@ int main(int argc, char* argv[])
     QElapsedTimer timer;
     timer.start();
     std::vector<RsvgReference::AlphaDifference> results(static_cast<size_t>(items.size()));
-    std::atomic<qsizetype> nextRun = 0;
-    std::mutex errorLock;
-    QString error;
-    const auto work = [&] {
-        for (qsizetype first = nextRun.fetch_add(cellsPerRun); first < items.size();
-             first = nextRun.fetch_add(cellsPerRun)) {
-            const QList<IconExport> run = items.mid(first, cellsPerRun);
+    const QString error = RsvgReference::inRuns(
+        items.size(), cellsPerRun, jobs, [&](qsizetype first, qsizetype count) {
+            const QList<IconExport> run = items.mid(first, count);
             QString runError;
             const QList<QImage> references = RsvgReference::render(run, scale, &runError);
-            if (references.size() != run.size()) {
-                const std::lock_guard lock(errorLock);
-                error = runError;
-                return;
-            }
+            if (references.size() != run.size())
+                return runError;
             for (qsizetype i = 0; i < run.size(); ++i) {
                 IconRenderer::Options options;
                 options.style = run[i].style;
@@ -113,13 +103,8 @@ int main(int argc, char* argv[])
                 results[static_cast<size_t>(first + i)] =
                     RsvgReference::alphaDifference(ours, references[i]);
             }
-        }
-    };
-    std::vector<std::thread> workers;
-    for (int i = 0; i < jobs; ++i)
-        workers.emplace_back(work);
-    for (std::thread& worker : workers)
-        worker.join();
+            return QString();
+        });
     if (!error.isEmpty()) {
         std::fprintf(stderr, "%s\n", qPrintable(error));
         return 1;

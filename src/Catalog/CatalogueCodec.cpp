@@ -2,6 +2,7 @@
 
 #include "IconText.h"
 
+#include <algorithm>
 #include <simdjson.h>
 #include <string>
 #include <string_view>
@@ -78,6 +79,45 @@ bool readPaths(element value, std::optional<PathList>& out, const Text& text)
     return true;
 }
 
+// One attribute object per path. Attributes the program does not know, or
+// with values it does not accept, are left out: the path then draws plain.
+bool readPaints(element value, PathPaints& out)
+{
+    array items;
+    if (value.get_array().get(items) != simdjson::SUCCESS)
+        return false;
+    out.clear();
+    out.reserve(static_cast<qsizetype>(items.size()));
+    for (element item : items) {
+        object attributes;
+        if (item.get_object().get(attributes) != simdjson::SUCCESS)
+            return false;
+        PathPaint paint;
+        for (const auto attribute : attributes) {
+            std::string_view text;
+            if (attribute.value.get_string().get(text) == simdjson::SUCCESS) {
+                paint.add(QByteArrayView(attribute.key.data(), qsizetype(attribute.key.size())),
+                          QByteArrayView(text.data(), qsizetype(text.size())));
+            }
+        }
+        out.append(std::move(paint));
+    }
+    return true;
+}
+
+// Paints that are not one per path belong to other path data: the file is
+// inconsistent. Paints that are all plain are dropped.
+bool matchPaths(PathPaints& paints, const std::optional<PathList>& paths)
+{
+    if (paints.isEmpty())
+        return true;
+    if (!paths || paths->size() != paints.size())
+        return false;
+    if (std::all_of(paints.cbegin(), paints.cend(), [](const PathPaint& p) { return p.isPlain(); }))
+        paints.clear();
+    return true;
+}
+
 // Thousands of icons share a few dozen categories: keep one string each.
 class Categories {
 public:
@@ -112,7 +152,13 @@ bool readEntry(element value, Icon& icon, QString* error, qsizetype index, Categ
     QStringList tags;
     std::optional<PathList> outline;
     std::optional<PathList> filled;
+    IconPaints paints;
     for (const auto field : entry) {
+        if (field.key == "oa" || field.key == "fa") {
+            if (!readPaints(field.value, field.key[0] == 'o' ? paints.outline : paints.filled))
+                return bad("path attributes are not an array of objects");
+            continue;
+        }
         if (field.key.size() != 1)
             continue; // unknown keys are ignored
         switch (field.key[0]) {
@@ -146,10 +192,12 @@ bool readEntry(element value, Icon& icon, QString* error, qsizetype index, Categ
     }
     if (!hasName || !hasCategory || !hasTags)
         return bad(!hasName ? "no \"n\"" : !hasCategory ? "no \"c\"" : "no \"t\"");
+    if (!matchPaths(paints.outline, outline) || !matchPaths(paints.filled, filled))
+        return bad("path attributes are not one object per path");
     if (!IconText::isName(QByteArrayView(name.data(), qsizetype(name.size()))))
         return bad("the name has characters other than a-z, 0-9 and -");
     icon = Icon(text.string(name), categories.intern(category), std::move(tags), std::move(outline),
-                std::move(filled));
+                std::move(filled), std::move(paints));
     return true;
 }
 

@@ -17,7 +17,7 @@ QString lowerCased(const QString& text)
 } // namespace
 
 Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
-           std::optional<PathList> filled)
+           std::optional<PathList> filled, IconPaints paints)
 {
     auto* data = new Data;
     data->searchName = lowerCased(id);
@@ -29,6 +29,8 @@ Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathLis
     data->tags = std::move(tags);
     data->outline = std::move(outline);
     data->filled = std::move(filled);
+    if (!paints.isEmpty())
+        data->paints = std::make_shared<const IconPaints>(std::move(paints));
     d = QExplicitlySharedDataPointer<const Data>(data);
 }
 
@@ -36,6 +38,14 @@ const PathList* Icon::paths(IconStyle style) const
 {
     const auto& list = style == IconStyle::filled ? d->filled : d->outline;
     return list ? &*list : nullptr;
+}
+
+const PathPaints& Icon::paints(IconStyle style) const
+{
+    static const PathPaints plain;
+    if (!d->paints)
+        return plain;
+    return style == IconStyle::filled ? d->paints->filled : d->paints->outline;
 }
 
 QString Icon::tagLine() const

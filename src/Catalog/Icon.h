@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Base/RawValue.h"
+#include "PathPaint.h"
 
 #include <QByteArray>
 #include <QExplicitlySharedDataPointer>
@@ -9,6 +10,7 @@
 #include <QSharedData>
 #include <QString>
 #include <QStringList>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -21,13 +23,20 @@ template <> struct RawValues<IconStyle> {
 // The "d" attribute strings of one style, in drawing order, as UTF-8.
 using PathList = QList<QByteArray>;
 
+// The paths of either style that the icon set paints differently.
+struct IconPaints {
+    PathPaints outline; // empty, or one per outline path
+    PathPaints filled;
+    bool isEmpty() const { return outline.isEmpty() && filled.isEmpty(); }
+};
+
 // One catalogue entry. A cheap handle to immutable shared data: copying an
 // Icon costs one reference count, so lists of icons are passed by value.
 class Icon {
 public:
     Icon() = default;
     Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
-         std::optional<PathList> filled);
+         std::optional<PathList> filled, IconPaints paints = {});
 
     bool isNull() const { return !d; }
 
@@ -42,6 +51,9 @@ public:
     bool has(IconStyle style) const { return paths(style) != nullptr; }
     // The path list of a style, or null when the icon has no such form.
     const PathList* paths(IconStyle style) const;
+    // How each path of a style is painted: empty when all are plain, else one
+    // per path.
+    const PathPaints& paints(IconStyle style) const;
 
     // Tags other than the name itself, the first four joined by " · ";
     // the category when none is left.
@@ -66,6 +78,7 @@ private:
         std::optional<PathList> filled;
         QString searchName;
         QStringList searchTags;
+        std::shared_ptr<const IconPaints> paints; // null for the plain icons
     };
     QExplicitlySharedDataPointer<const Data> d;
 };

@@ -1,7 +1,6 @@
 #include "IconLibrary.h"
 
 #include "CatalogueCodec.h"
-#include "Geometry/SVGPath.h"
 #include "ReleaseVersion.h"
 
 #include <QDir>
@@ -276,7 +275,7 @@ Icon IconLibrary::icon(QStringView name) const
     return it == m_byName.cend() ? Icon() : m_icons[*it];
 }
 
-std::optional<QPainterPath> IconLibrary::iconPath(const Icon& icon, IconStyle style) const
+std::optional<IconDrawing> IconLibrary::iconDrawing(const Icon& icon, IconStyle style) const
 {
     // A filled request for an icon without a filled form draws its outline.
     if (style == IconStyle::filled && !icon.has(IconStyle::filled))
@@ -294,13 +293,10 @@ std::optional<QPainterPath> IconLibrary::iconPath(const Icon& icon, IconStyle st
             return *it;
     }
     // Built outside the lock: two threads may build the same path, the last store wins.
-    QPainterPath path;
-    path.setFillRule(Qt::WindingFill);
-    for (const QByteArray& d : *paths)
-        SVGPath::append(d, path); // a broken string only loses its own rest
+    IconDrawing drawing = IconDrawing::of(*paths, icon.paints(style), style);
     const QMutexLocker lock(&m_cacheLock);
-    m_pathCache.insert(key, path);
-    return path;
+    m_pathCache.insert(key, drawing);
+    return drawing;
 }
 
 QString IconLibrary::number(qint64 value)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Icon.h"
+#include "IconDrawing.h"
 #include "IconSearch.h"
 #include "TypoMatches.h"
 
@@ -84,9 +85,9 @@ public:
     // Exact, case-sensitive; a null Icon when there is none.
     Icon icon(QStringView name) const;
 
-    // The icon's paths of one style combined in the 24 x 24 icon space;
+    // The icon's paths of one style as drawn in the 24 x 24 icon space;
     // nullopt when the icon has no such form. Cached; safe from any thread.
-    std::optional<QPainterPath> iconPath(const Icon& icon, IconStyle style) const;
+    std::optional<IconDrawing> iconDrawing(const Icon& icon, IconStyle style) const;
 
     IconList search(QStringView query, const IconList& icons) const
     {
@@ -132,5 +133,5 @@ private:
     mutable std::optional<TypoMatches> m_typos;
 
     mutable QMutex m_cacheLock;
-    mutable QHash<QString, QPainterPath> m_pathCache;
+    mutable QHash<QString, IconDrawing> m_pathCache;
 };

@@ -33,19 +33,37 @@ std::optional<QJsonObject> parseObject(QByteArrayView data, QString* error)
     return doc.object();
 }
 
-// The "d" strings of one icon's nodes; other elements carry no path data.
-PathList pathStrings(const QJsonArray& nodeList)
+// The paint attributes of one path element, in the node file's order.
+PathPaint paintOf(const QJsonObject& attributes)
 {
-    PathList paths;
+    PathPaint paint;
+    for (auto it = attributes.constBegin(); it != attributes.constEnd(); ++it) {
+        if (it.value().isString())
+            paint.add(it.key().toUtf8(), it.value().toString().toUtf8());
+    }
+    return paint;
+}
+
+// The paths of one icon's nodes; other elements carry no path data.
+NodePaths pathsOf(const QJsonArray& nodeList)
+{
+    NodePaths result;
+    bool painted = false;
     for (const auto& node : nodeList) {
         const QJsonArray pair = node.toArray();
         if (pair.size() != 2 || pair.at(0).toString() != u"path")
             continue;
-        const QJsonValue d = pair.at(1).toObject().value(QLatin1String("d"));
-        if (d.isString())
-            paths.append(d.toString().toUtf8());
+        const QJsonObject attributes = pair.at(1).toObject();
+        const QJsonValue d = attributes.value(QLatin1String("d"));
+        if (!d.isString())
+            continue;
+        result.paths.append(d.toString().toUtf8());
+        result.paints.append(paintOf(attributes));
+        painted = painted || !result.paints.last().isPlain();
     }
-    return paths;
+    if (!painted)
+        result.paints.clear();
+    return result;
 }
 
 bool readMeta(const QJsonValue& value, Meta& meta)
@@ -71,6 +89,29 @@ bool readMeta(const QJsonValue& value, Meta& meta)
         return false;
     }
     return true;
+}
+
+// [{},{"fill":"currentColor","stroke":"none"}]: one object per path.
+void appendPaints(QByteArray& out, const char* key, const PathPaints& paints)
+{
+    if (paints.isEmpty())
+        return;
+    out += key;
+    out += '[';
+    for (qsizetype i = 0; i < paints.size(); ++i) {
+        out += i == 0 ? "{" : ",{";
+        bool first = true;
+        for (const PathPaint::Attribute& attribute : paints[i].attributes()) {
+            if (!first)
+                out += ',';
+            first = false;
+            CatalogueCodec::appendJsonString(out, PathPaint::text(attribute.name));
+            out += ':';
+            CatalogueCodec::appendJsonString(out, attribute.value);
+        }
+        out += '}';
+    }
+    out += ']';
 }
 
 void appendStringArray(QByteArray& out, const auto& items)
@@ -129,16 +170,16 @@ QString stringOrNumber(double value)
     return text;
 }
 
-QHash<QString, PathList> nodes(QByteArrayView data)
+QHash<QString, NodePaths> nodes(QByteArrayView data)
 {
     const auto root = parseObject(data, nullptr);
     if (!root)
         return {};
-    QHash<QString, PathList> result;
+    QHash<QString, NodePaths> result;
     for (auto it = root->constBegin(); it != root->constEnd(); ++it) {
         if (!it.value().isArray())
             return {}; // not a map from name to node list at all
-        result.insert(it.key(), pathStrings(it.value().toArray()));
+        result.insert(it.key(), pathsOf(it.value().toArray()));
     }
     return result;
 }
@@ -163,7 +204,7 @@ std::optional<QHash<QString, Meta>> metadata(QByteArrayView data, QString* error
 }
 
 OutFile build(const QString& version, const QHash<QString, Meta>& meta,
-              const QHash<QString, PathList>& outline, const QHash<QString, PathList>& filled)
+              const QHash<QString, NodePaths>& outline, const QHash<QString, NodePaths>& filled)
 {
     QSet<QString> unique;
     for (const auto* part : {&outline, &filled}) {
@@ -182,10 +223,14 @@ OutFile build(const QString& version, const QHash<QString, Meta>& meta,
             entry.c = info->category;
             entry.t = info->tags;
         }
-        if (const auto o = outline.constFind(name); o != outline.cend())
-            entry.o = *o;
-        if (const auto f = filled.constFind(name); f != filled.cend())
-            entry.f = *f;
+        if (const auto o = outline.constFind(name); o != outline.cend()) {
+            entry.o = o->paths;
+            entry.paints.outline = o->paints;
+        }
+        if (const auto f = filled.constFind(name); f != filled.cend()) {
+            entry.f = f->paths;
+            entry.paints.filled = f->paints;
+        }
         file.icons.push_back(std::move(entry));
     }
     return file;
@@ -214,6 +259,8 @@ QByteArray OutFile::encode() const
             out += ",\"f\":";
             appendStringArray(out, *entry.f);
         }
+        appendPaints(out, ",\"oa\":", entry.paints.outline);
+        appendPaints(out, ",\"fa\":", entry.paints.filled);
         out += '}';
     }
     out += "]}";

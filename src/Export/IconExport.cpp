@@ -11,6 +11,12 @@ PathList IconExport::paths() const
     return list ? *list : PathList();
 }
 
+PathPaints IconExport::paints() const
+{
+    return icon.isNull() ? PathPaints()
+                         : icon.paints(isFilled() ? IconStyle::filled : IconStyle::outline);
+}
+
 QString IconExport::packageName() const
 {
     return isFilled() ? icon.id() + QStringLiteral("-filled") : icon.id();

@@ -18,6 +18,8 @@ struct IconExport {
     bool isFilled() const;
     // The path data to draw; empty when the icon lacks that form.
     PathList paths() const;
+    // How each of those paths is painted: empty when all are plain.
+    PathPaints paints() const;
     // home or home-filled: file names, Blade tags and "{name}" in class templates.
     QString packageName() const;
 

@@ -1,11 +1,9 @@
 #include "IconRenderer.h"
 
 #include "Catalog/IconLibrary.h"
-#include "Geometry/StrokeOutline.h"
 
 #include <QBuffer>
 #include <QPainter>
-#include <QPen>
 #include <QPixmap>
 #include <QTransform>
 #include <algorithm>
@@ -47,8 +45,8 @@ QImage IconRenderer::bitmap(const IconLibrary& library, const Icon& icon, const 
 {
     if (icon.isNull())
         return {};
-    const std::optional<QPainterPath> path = library.iconPath(icon, options.style);
-    if (!path)
+    const std::optional<IconDrawing> drawing = library.iconDrawing(icon, options.style);
+    if (!drawing)
         return {};
     const double side = std::round(options.scale * (options.pointSize + 2 * options.padding));
     if (!(options.scale > 0 && side >= 1 && side <= maximumSide)) // also refuses NaN
@@ -59,27 +57,20 @@ QImage IconRenderer::bitmap(const IconLibrary& library, const Icon& icon, const 
     if (image.isNull())
         return {};
     image.fill(options.background.value_or(QColor(Qt::transparent)));
-    // As in SVG, a zero stroke draws nothing (a zero-width pen would draw a
-    // one-pixel hairline).
-    const bool filled = options.style == IconStyle::filled && icon.has(IconStyle::filled);
-    if (filled || options.stroke > 0) {
-        // Icon data and images both run y down: the icon's top-left corner goes
-        // to the top-left corner inside the padding. Mapped to pixels up front
-        // rather than drawn through the painter's transform: the raster engine
-        // fills an untransformed path about twice as fast, and the stroke's
-        // tolerance is then in pixels.
-        const double k = options.pointSize * options.scale / 24;
-        const double origin = options.padding * options.scale;
-        QPainterPath shape = QTransform(k, 0, 0, k, origin, origin).map(*path); // fills non-zero
-        if (!filled) {
-            shape = strokeOutline(
-                shape,
-                QPen(options.color, options.stroke * k, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin),
-                curveThreshold);
-        }
+    // Icon data and images both run y down: the icon's top-left corner goes
+    // to the top-left corner inside the padding. Mapped to pixels up front
+    // rather than drawn through the painter's transform: the raster engine
+    // fills an untransformed path about twice as fast, and the stroke's
+    // tolerance is then in pixels.
+    const double k = options.pointSize * options.scale / 24;
+    const double origin = options.padding * options.scale;
+    const QList<IconDrawing::Ink> inks =
+        drawing->inks(QTransform(k, 0, 0, k, origin, origin), options.stroke * k, curveThreshold);
+    if (!inks.isEmpty()) {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillPath(shape, options.color);
+        for (const IconDrawing::Ink& ink : inks)
+            painter.fillPath(ink.shape, ink.in(options.color));
     }
     image.setDevicePixelRatio(options.scale);
     const int dotsPerMetre = qRound(

@@ -18,9 +18,19 @@ QString quoted(const QString& name, const QString& value)
     return name + u"=\""_s + AttributeText::escaped(value) + u'"';
 }
 
-QString pathElement(const QString& indent, QByteArrayView d, const QString& selfClose)
+// The path's own attributes follow "d" in the icon set's order. Its
+// "currentColor" means the icon's colour, which may be another here. JSX
+// takes these names as they are: none of them has a hyphen.
+QString pathElement(const QString& indent, QByteArrayView d, const PathPaint& paint,
+                    const QString& color, const QString& selfClose)
 {
-    return indent + quoted(u"<path d"_s, QString::fromUtf8(d)) + selfClose;
+    QString element = indent + quoted(u"<path d"_s, QString::fromUtf8(d));
+    for (const PathPaint::Attribute& attribute : paint.attributes()) {
+        const QString value =
+            attribute.value == "currentColor" ? color : QString::fromLatin1(attribute.value);
+        element += u' ' + quoted(QString::fromLatin1(PathPaint::text(attribute.name)), value);
+    }
+    return element + selfClose;
 }
 
 } // namespace
@@ -78,15 +88,15 @@ QString SnippetBuilder::svg(const IconExport& item, bool forceOptimize) const
         for (const Attribute& attribute : attributes)
             line += u' ' + quoted(attribute.name, attribute.value);
         line += u'>';
-        for (const QByteArray& d : mergedPaths(item.paths()))
-            line += pathElement({}, d, u"/>"_s);
+        for (const Path& path : mergedPaths(item.paths(), item.paints()))
+            line += pathElement({}, path.d, path.paint, item.color, u"/>"_s);
         return line + u"</svg>"_s;
     }
     QStringList lines{u"<svg"_s};
     for (const Attribute& attribute : attributes)
         lines += u"  "_s + quoted(attribute.name, attribute.value);
     lines += u">"_s;
-    lines += pathElements(item, u"  "_s, u" />"_s);
+    lines += pathElements(item, item.color, u"  "_s, u" />"_s);
     lines += u"</svg>"_s;
     return lines.join(u'\n');
 }
@@ -132,7 +142,7 @@ QString SnippetBuilder::react(const IconExport& item) const
     for (const QString& attribute : std::as_const(attributes))
         lines += u"      "_s + attribute;
     lines += u"    >"_s;
-    lines += pathElements(item, u"      "_s, u" />"_s);
+    lines += pathElements(item, item.color, u"      "_s, u" />"_s);
     lines += u"    </svg>"_s;
     lines += u"  );"_s;
     lines += u"}"_s;
@@ -169,7 +179,7 @@ QString SnippetBuilder::vue(const IconExport& item) const
             lines += u"    "_s + quoted(attribute.name, attribute.value);
     }
     lines += u"  >"_s;
-    lines += pathElements(item, u"    "_s, u" />"_s);
+    lines += pathElements(item, item.color, u"    "_s, u" />"_s);
     lines += u"  </svg>"_s;
     lines += u"</template>"_s;
     return lines.join(u'\n');
@@ -207,7 +217,7 @@ QString SnippetBuilder::tailwind(const IconExport& item) const
     for (const Attribute& attribute : svgAttributes(item, color, false, classes.join(u' ')))
         lines += u"  "_s + quoted(attribute.name, attribute.value);
     lines += u">"_s;
-    lines += pathElements(item, u"  "_s, u" />"_s);
+    lines += pathElements(item, color, u"  "_s, u" />"_s);
     lines += u"</svg>"_s;
     return lines.join(u'\n');
 }
@@ -273,36 +283,47 @@ QString SnippetBuilder::classFromTemplate(const IconExport& item) const
     return cls.replace(u"{name}"_s, item.packageName()).trimmed();
 }
 
-QStringList SnippetBuilder::pathElements(const IconExport& item, const QString& indent,
-                                         const QString& selfClose) const
+QStringList SnippetBuilder::pathElements(const IconExport& item, const QString& color,
+                                         const QString& indent, const QString& selfClose) const
 {
     QStringList lines;
     const PathList paths = item.paths();
+    const PathPaints paints = item.paints();
     if (optimize) {
-        for (const QByteArray& d : mergedPaths(paths))
-            lines += pathElement(indent, d, selfClose);
+        for (const Path& path : mergedPaths(paths, paints))
+            lines += pathElement(indent, path.d, path.paint, color, selfClose);
         return lines;
     }
     // The empty 24 x 24 path keeps the icon's bounds in editors that crop to content.
     lines += indent + u"<path stroke=\"none\" d=\"M0 0h24v24H0z\" fill=\"none\""_s + selfClose;
-    for (const QByteArray& d : paths)
-        lines += pathElement(indent, d, selfClose);
+    for (qsizetype i = 0; i < paths.size(); ++i)
+        lines += pathElement(indent, paths[i], i < paints.size() ? paints[i] : PathPaint(), color,
+                             selfClose);
     return lines;
 }
 
 // Path data that starts with an absolute move does not depend on where the
-// previous piece ended, so such pieces can be joined into one path. An empty
-// list still gives one (empty) path.
-PathList SnippetBuilder::mergedPaths(const PathList& paths)
+// previous piece ended, so such pieces can be joined into one path. A path
+// painted on its own terms keeps its element, and the plain paths on either
+// side of it stay apart, so the drawing order holds. An empty list still
+// gives one (empty) path.
+QList<SnippetBuilder::Path> SnippetBuilder::mergedPaths(const PathList& paths,
+                                                        const PathPaints& paints)
 {
+    const auto paintOf = [&](qsizetype i) { return i < paints.size() ? paints[i] : PathPaint(); };
+    QList<Path> result;
     const bool allAbsolute = std::all_of(paths.cbegin(), paths.cend(),
                                          [](const QByteArray& d) { return d.startsWith('M'); });
-    if (!allAbsolute)
-        return paths;
-    QByteArray merged;
-    for (const QByteArray& d : paths)
-        merged += d;
-    return {merged};
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const PathPaint paint = paintOf(i);
+        if (allAbsolute && paint.isPlain() && !result.isEmpty() && result.last().paint.isPlain())
+            result.last().d += paths[i];
+        else
+            result.append({paths[i], paint});
+    }
+    if (result.isEmpty())
+        result.append(Path());
+    return result;
 }
 
 // One Tailwind spacing unit is 4 px; half units exist, other sizes need an

@@ -59,9 +59,14 @@ private:
     Attributes svgAttributes(const IconExport& item, const QString& color, bool sizeAttrs,
                              const std::optional<QString>& withClass) const;
     QString classFromTemplate(const IconExport& item) const;
-    QStringList pathElements(const IconExport& item, const QString& indent,
+    // `color` stands for the icon set's "currentColor" on a path.
+    QStringList pathElements(const IconExport& item, const QString& color, const QString& indent,
                              const QString& selfClose) const;
-    static PathList mergedPaths(const PathList& paths);
+    struct Path {
+        QByteArray d;
+        PathPaint paint;
+    };
+    static QList<Path> mergedPaths(const PathList& paths, const PathPaints& paints);
 
     static QString tailwindSize(int px);
     static QString number(double value);

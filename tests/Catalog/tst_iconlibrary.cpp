@@ -210,6 +210,14 @@ private slots:
         QTest::newRow("deep nesting")
             << QByteArray("{\"version\":\"1\",\"icons\":") + QByteArray(5000, '[');
         QTest::newRow("binary") << QByteArray("\x00\x01\x02\xfe", 4);
+        QTest::newRow("path attributes not one per path")
+            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"],)"
+                          R"("oa":[{},{"fill":"none"}]}]})");
+        QTest::newRow("path attributes without paths")
+            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"fa":[{}]}]})");
+        QTest::newRow("path attributes not objects")
+            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"],)"
+                          R"("oa":["fill"]}]})");
     }
     void undecodableFiles()
     {
@@ -245,6 +253,48 @@ private slots:
         QCOMPARE(library.icon(u"home").paths(IconStyle::outline)->first(), QByteArray("M1 1"));
         QVERIFY(library.icon(u"HOME").isNull());
         QVERIFY(library.icon(u"alone").paths(IconStyle::outline) == nullptr);
+    }
+
+    // Known attributes with well-formed values are kept in file order; any
+    // other attribute or value is dropped, never passed on as text.
+    void readsPathAttributes_data()
+    {
+        QTest::addColumn<QByteArray>("attributes");
+        QTest::addColumn<QByteArrayList>("kept");
+        QTest::newRow("as the icon set writes them")
+            << QByteArray(R"({"fill":"currentColor","stroke":"none"})")
+            << QByteArrayList{"fill=currentColor", "stroke=none"};
+        QTest::newRow("opacity") << QByteArray(R"({"opacity":".5"})")
+                                 << QByteArrayList{"opacity=.5"};
+        QTest::newRow("unknown attribute")
+            << QByteArray(R"({"stroke-width":"3","fill":"none"})") << QByteArrayList{"fill=none"};
+        QTest::newRow("markup") << QByteArray("{\"fill\":\"red\\\"/><script>\"}")
+                                << QByteArrayList{};
+        QTest::newRow("colour") << QByteArray("{\"stroke\":\"#f00\"}") << QByteArrayList{};
+        QTest::newRow("opacity above 1") << QByteArray(R"({"opacity":"1.5"})") << QByteArrayList{};
+        QTest::newRow("opacity with exponent")
+            << QByteArray(R"({"opacity":"5e-1"})") << QByteArrayList{};
+        QTest::newRow("not a string") << QByteArray(R"({"opacity":0.5})") << QByteArrayList{};
+        QTest::newRow("twice") << QByteArray(R"({"fill":"none","fill":"currentColor"})")
+                               << QByteArrayList{"fill=none"};
+    }
+    void readsPathAttributes()
+    {
+        QFETCH(QByteArray, attributes);
+        QFETCH(QByteArrayList, kept);
+        const auto file = CatalogueCodec::decode(
+            R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":["M1 1","M2 2"],"oa":[{},)" +
+            attributes + "]}]}");
+        QVERIFY(file);
+        const PathPaints& paints = file->icons.first().paints(IconStyle::outline);
+        QByteArrayList read;
+        if (!paints.isEmpty()) {
+            QCOMPARE(paints.size(), 2);
+            QVERIFY(paints[0].isPlain());
+            for (const PathPaint::Attribute& attribute : paints[1].attributes())
+                read += PathPaint::text(attribute.name).toByteArray() + '=' + attribute.value;
+        }
+        QCOMPARE(read, kept);
     }
 
     void installWritesOnlyGoodData()
@@ -315,8 +365,8 @@ private slots:
         const IconLibrary library({shipped(), {}});
         const Icon a = library.icon(u"a");
         const Icon b = library.icon(u"b");
-        QVERIFY(library.iconPath(b, IconStyle::outline) == std::nullopt);
-        QVERIFY(library.iconPath(b, IconStyle::filled).has_value());
+        QVERIFY(!library.iconDrawing(b, IconStyle::outline).has_value());
+        QVERIFY(library.iconDrawing(b, IconStyle::filled).has_value());
 
         std::vector<std::thread> threads;
         std::atomic<int> mismatches{0};
@@ -326,10 +376,12 @@ private slots:
             threads.emplace_back([&] {
                 start.arrive_and_wait();
                 for (int i = 0; i < 200; ++i) {
-                    const auto outline = library.iconPath(a, IconStyle::outline);
-                    const auto filled = library.iconPath(a, IconStyle::filled);
-                    if (!outline || !filled || outline->fillRule() != Qt::WindingFill ||
-                        outline->elementCount() == filled->elementCount())
+                    const auto outline = library.iconDrawing(a, IconStyle::outline);
+                    const auto filled = library.iconDrawing(a, IconStyle::filled);
+                    if (!outline || !filled || outline->layers.size() != 1 ||
+                        outline->layers[0].path.fillRule() != Qt::WindingFill ||
+                        outline->layers[0].path.elementCount() ==
+                            filled->layers[0].path.elementCount())
                         ++mismatches;
                 }
             });

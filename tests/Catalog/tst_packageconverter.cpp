@@ -36,9 +36,34 @@ private slots:
             "clock": [["circle", {"cx": "12", "cy": "12", "r": "9"}], ["path", {"d": "M12 7v5l3 3"}]],
             "odd": [["path", {"d": 5}], ["path"], "text", ["path", {"d": "M1 1"}, 3], ["path", {"d": "M2 2"}]],
             "empty": []})");
-        QCOMPARE(result.value(QStringLiteral("clock")), PathList{"M12 7v5l3 3"});
-        QCOMPARE(result.value(QStringLiteral("odd")), PathList{"M2 2"});
+        QCOMPARE(result.value(QStringLiteral("clock")).paths, PathList{"M12 7v5l3 3"});
+        QCOMPARE(result.value(QStringLiteral("odd")).paths, PathList{"M2 2"});
         QVERIFY(result.contains(QStringLiteral("empty")));
+    }
+
+    void pathAttributesReachTheCatalogue()
+    {
+        const QByteArray outline = R"({
+            "pie": [["path", {"d": "M1 1", "fill": "currentColor", "stroke": "none"}],
+                    ["path", {"d": "M2 2"}], ["path", {"d": "M3 3", "opacity": ".5", "x": "1"}]],
+            "plain": [["path", {"d": "M1 1", "stroke-width": "1"}]]})";
+        QString error;
+        const auto converted = convert(QStringLiteral("1.0"), "{}", outline, "{}", &error);
+        QVERIFY2(converted, qPrintable(error));
+        QVERIFY(converted->contains(
+            R"("o":["M1 1","M2 2","M3 3"],"oa":[{"fill":"currentColor","stroke":"none"},{},)"
+            R"({"opacity":".5"}]})"));
+        QVERIFY(converted->endsWith(R"("o":["M1 1"]}]})")); // nothing for a plain icon
+
+        const auto file = CatalogueCodec::decode(*converted);
+        QVERIFY(file);
+        const PathPaints& pie = file->icons.first().paints(IconStyle::outline);
+        QCOMPARE(pie.size(), 3);
+        QCOMPARE(pie[0].fill(), std::optional<bool>(true));
+        QCOMPARE(pie[0].stroke(), std::optional<bool>(false));
+        QVERIFY(pie[1].isPlain());
+        QCOMPARE(pie[2].opacity(), 0.5);
+        QVERIFY(file->icons.last().paints(IconStyle::outline).isEmpty());
     }
 
     void nodeFilesOfTheWrongShapeGiveNothing_data()

@@ -19,7 +19,16 @@ namespace {
 
 QList<Icon> sampleIcons()
 {
+    // A pie slice the icon set fills without outline, and a half-tone path.
+    PathPaints piePaints(3);
+    piePaints[0].add("fill", "currentColor");
+    piePaints[0].add("stroke", "none");
+    piePaints[2].add("opacity", ".5");
     return {
+        Icon(u"percentage-25"_s, {}, {},
+             PathList{"M21 12a9 9 0 0 0 -9 -9m0 0v9h9", "M3 12a9 9 0 1 0 18 0a9 9 0 0 0 -18 0",
+                      "M4 4h2"},
+             std::nullopt, {piePaints, {}}),
         Icon(u"plus"_s, {}, {}, PathList{"M12 5l0 14", "M5 12l14 0"}, std::nullopt),
         Icon(u"home"_s, {}, {},
              PathList{"M5 12l-2 0l9 -9l9 9l-2 0", "M5 12v7a2 2 0 0 0 2 2h10a2 2 0 0 0 2 -2v-7",

@@ -31,10 +31,22 @@ IconLibrary::File shapes()
         return Icon(QString::fromLatin1(id), {}, {}, PathList{d},
                     fillable ? std::optional(PathList{d}) : std::nullopt);
     };
+    // Outline paths the icon set paints itself: a square filled without
+    // stroke, one filled and stroked, a bar at half opacity.
+    const auto painted = [](const char* id, const char* d,
+                            std::initializer_list<std::pair<const char*, const char*>> attributes) {
+        PathPaint paint;
+        for (const auto& [name, value] : attributes)
+            paint.add(name, value);
+        return Icon(QString::fromLatin1(id), {}, {}, PathList{d}, std::nullopt, {{paint}, {}});
+    };
     return {u"1"_s,
             {shape("box", "M0 0h24v24H0z", true), shape("block", "M0 0h12v6H0z", true),
              shape("bar", "M2 12h20", false), shape("ring", "M4 4h16v16H4z", true),
-             shape("dot", "M11.5 12a.5 .5 0 1 0 1 0a.5 .5 0 1 0 -1 0", false)}};
+             shape("dot", "M11.5 12a.5 .5 0 1 0 1 0a.5 .5 0 1 0 -1 0", false),
+             painted("slice", "M4 4h16v16H4z", {{"fill", "currentColor"}, {"stroke", "none"}}),
+             painted("tile", "M4 4h16v16H4z", {{"fill", "currentColor"}}),
+             painted("fade", "M2 12h20", {{"opacity", ".5"}})}};
 }
 
 } // namespace
@@ -75,6 +87,10 @@ private slots:
             {"ring", options(filled, 24, 0, 2), 48, "24,24=255 8,24=255"},
             {"ring", options(outline, 24, 0, 2), 48, "24,24=0 8,24=255 12,24=0"},
             {"dot", options(outline, 24, 0, 4), 96, "47,47=255 48,48=255 43,48=255"},
+            {"slice", options(outline, 24, 0, 2), 48, "24,24=255 8,24=255 7,24=0"},
+            {"slice", options(outline, 24, 0, 2, 0), 48, "24,24=255"}, // a fill needs no pen
+            {"tile", options(outline, 24, 0, 2), 48, "24,24=255 6,24=255 5,24=0"},
+            {"fade", options(outline, 24, 0, 2), 48, "24,22=128 24,25=128 24,26=0"},
         };
         for (const Case& c : cases) {
             const QImage image = render(c.icon, c.options);
@@ -139,7 +155,8 @@ private slots:
             QSKIP("rsvg-convert is not installed");
         QList<IconExport> samples;
         for (const char* name : {"settings", "email-stamp", "dialpad", "a-b-2", "brand-github",
-                                 "chart-pie", "bell", "clock", "star", "dice-6", "arrow-left"})
+                                 "chart-pie", "bell", "clock", "star", "dice-6", "arrow-left",
+                                 "percentage-25", "brand-parsinta", "accessible"})
             samples += {m_catalogue.icon(QString::fromLatin1(name)), outline, 24, 2};
         for (const char* name : {"settings", "laurel-wreath-2", "live-photo", "mood-smile",
                                  "camera", "heart", "arrow-left"})

@@ -26,6 +26,20 @@ IconExport plus(IconStyle style = IconStyle::outline, const QString& color = u"c
     return {Icon(u"plus"_s, {}, {}, plusPaths(), plusFilledPaths()), style, 24, 2, color};
 }
 
+// A pie slice filled without outline between a plain circle and a plain
+// line, as the percentage icons draw it, and a half-tone path.
+IconExport pie(const QString& color = u"currentColor"_s)
+{
+    PathPaints paints(4);
+    paints[1].add("fill", "currentColor");
+    paints[1].add("stroke", "none");
+    paints[3].add("opacity", ".5");
+    return {Icon(u"pie"_s, {}, {},
+                 PathList{"M3 12a9 9 0 1 0 18 0", "M21 12h-9v-9", "M1 1h2", "M4 4h2"}, std::nullopt,
+                 {paints, {}}),
+            IconStyle::outline, 24, 2, color};
+}
+
 IconExport named(const QString& id, std::optional<PathList> outline = plusPaths())
 {
     return {Icon(id, {}, {}, std::move(outline), std::nullopt)};
@@ -303,6 +317,19 @@ void TestSnippetBuilder::rules_data()
         {u"><path d=\"\"/></svg>"_s});
     row("no paths, multi-line", plain(), named(u"x"_s, PathList()), ExportFormat::jsx,
         {u"fill=\"none\" />\n    </svg>"_s});
+
+    // The icon set's own lines; the icon's colour stands for its currentColor,
+    // and painted paths are never merged with their neighbours.
+    const QString slice = uR"(<path d="M21 12h-9v-9" fill="currentColor" stroke="none" />)"_s;
+    row("painted paths, multi-line", plain(), pie(), ExportFormat::svg,
+        {u"\n  <path d=\"M3 12a9 9 0 1 0 18 0\" />\n  "_s + slice +
+         u"\n  <path d=\"M1 1h2\" />\n  <path d=\"M4 4h2\" opacity=\".5\" />\n</svg>"_s});
+    row("painted paths, optimized", optimized, pie(u"#f00"_s), ExportFormat::svg,
+        {u"><path d=\"M3 12a9 9 0 1 0 18 0\"/><path d=\"M21 12h-9v-9\" fill=\"#f00\" "
+         u"stroke=\"none\"/><path d=\"M1 1h2\"/><path d=\"M4 4h2\" opacity=\".5\"/></svg>"_s});
+    row("painted paths in react", plain(), pie(), ExportFormat::jsx, {u"      "_s + slice});
+    row("painted paths in tailwind", plain(), pie(u"#f00"_s), ExportFormat::tailwind,
+        {u"  "_s + slice});
 
     const auto classes = [](const QString& value) {
         return with([value](auto& b) { b.classAttribute = value; });

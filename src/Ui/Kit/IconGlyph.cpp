@@ -2,7 +2,6 @@
 
 #include "Base/HexColor.h"
 #include "Catalog/IconLibrary.h"
-#include "Geometry/StrokeOutline.h"
 
 #include <QPainter>
 #include <QQmlEngine>
@@ -99,8 +98,7 @@ void IconGlyph::setStroke(qreal stroke)
         return;
     m_stroke = stroke;
     emit strokeChanged();
-    if (!m_drawsFilled)
-        invalidateShape();
+    invalidateShape();
 }
 
 void IconGlyph::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry)
@@ -113,15 +111,11 @@ void IconGlyph::geometryChange(const QRectF& newGeometry, const QRectF& oldGeome
 void IconGlyph::loadPath()
 {
     const bool wasValid = valid();
-    m_path.reset();
-    m_drawsFilled = false;
+    m_drawing.reset();
     if (IconLibrary* icons = library()) {
         const Icon icon = icons->icon(m_name);
-        if (!icon.isNull()) {
-            const IconStyle style = m_filled ? IconStyle::filled : IconStyle::outline;
-            m_path = icons->iconPath(icon, style);
-            m_drawsFilled = m_filled && icon.has(IconStyle::filled);
-        }
+        if (!icon.isNull())
+            m_drawing = icons->iconDrawing(icon, m_filled ? IconStyle::filled : IconStyle::outline);
     }
     if (valid() != wasValid)
         emit validChanged();
@@ -136,27 +130,19 @@ void IconGlyph::invalidateShape()
 
 void IconGlyph::paint(QPainter* painter)
 {
-    if (!m_path || m_size <= 0)
+    if (!m_drawing || m_size <= 0)
         return;
     if (!m_shapeValid) {
-        // Centred in the item at `size` points.
+        // Centred in the item at `size` points, with the exported images'
+        // outline, so the grid shows what a copy gives.
         const qreal k = m_size / 24;
         const QPointF origin((width() - m_size) / 2, (height() - m_size) / 2);
-        QPainterPath shape = QTransform(k, 0, 0, k, origin.x(), origin.y()).map(*m_path);
-        if (!m_drawsFilled) {
-            // As in SVG, a zero stroke draws nothing.
-            // The exported images' outline, so the grid shows what a copy gives.
-            if (m_stroke > 0) {
-                const QPen pen(Qt::black, m_stroke * k, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-                shape = strokeOutline(shape, pen, curveTolerance);
-            } else {
-                shape = QPainterPath();
-            }
-        }
-        shape.setFillRule(Qt::WindingFill);
-        m_shape = std::move(shape);
+        m_inks = m_drawing->inks(QTransform(k, 0, 0, k, origin.x(), origin.y()), m_stroke * k,
+                                 curveTolerance);
         m_shapeValid = true;
     }
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->fillPath(m_shape, HexColor::parse(m_color).value_or(m_currentColor));
+    const QColor color = HexColor::parse(m_color).value_or(m_currentColor);
+    for (const IconDrawing::Ink& ink : std::as_const(m_inks))
+        painter->fillPath(ink.shape, ink.in(color));
 }

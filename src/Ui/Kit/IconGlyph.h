@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Catalog/Icon.h"
+#include "Catalog/IconDrawing.h"
 
 #include <QColor>
 #include <QPainterPath>
@@ -10,9 +10,10 @@
 class IconLibrary;
 class QQmlEngine;
 
-// Draws one catalogue icon by name: stroked with round caps and joins in the
-// outline style, filled (non-zero) in the filled style, scaled from the
-// 24-unit grid to `size` points. The finished shape is cached per name, style,
+// Draws one catalogue icon by name as the exports do (IconDrawing): stroked
+// with round caps and joins in the outline style, filled (non-zero) in the
+// filled style, except where the icon set paints a path otherwise, scaled
+// from the 24-unit grid to `size` points. The finished shape is cached per name, style,
 // size and stroke, so a repaint (a new texture after a scroll, a colour
 // change) is a single antialiased fill.
 class IconGlyph : public QQuickPaintedItem {
@@ -44,7 +45,7 @@ public:
     QColor currentColor() const { return m_currentColor; }
     qreal size() const { return m_size; }
     qreal stroke() const { return m_stroke; }
-    bool valid() const { return m_path.has_value(); }
+    bool valid() const { return m_drawing.has_value(); }
 
     void setName(const QString& name);
     void setFilled(bool filled);
@@ -81,8 +82,7 @@ private:
     qreal m_stroke = 2;
 
     IconLibrary* m_library = nullptr;
-    std::optional<QPainterPath> m_path; // the 24-unit geometry
-    bool m_drawsFilled = false;         // a filled form exists and is asked for
-    QPainterPath m_shape;               // scaled (and stroked), ready to fill
+    std::optional<IconDrawing> m_drawing; // the 24-unit geometry
+    QList<IconDrawing::Ink> m_inks;       // scaled (and stroked), ready to fill
     bool m_shapeValid = false;
 };
