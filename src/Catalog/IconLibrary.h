@@ -115,7 +115,9 @@ private:
         QString path;
         QByteArray bytes;
         std::optional<QString> version;
+        bool compiledIn = false; // the bytes stay where they are until the program ends
     };
+    static std::optional<File> decodeCandidate(const Candidate& candidate, QString* reason);
     // The readable sources, the one to load first.
     static std::vector<Candidate> candidates(const Sources& sources);
     // Moves a downloaded catalogue that does not decode out of the way.
