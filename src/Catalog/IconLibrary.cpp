@@ -302,8 +302,8 @@ std::optional<QPainterPath> IconLibrary::iconPath(const Icon& icon, IconStyle st
                                                                                  "o"));
     {
         const QMutexLocker lock(&m_cacheLock);
-        if (const auto it = m_pathCache.constFind(key); it != m_pathCache.cend())
-            return *it;
+        if (const QPainterPath* cached = m_pathCache.object(key))
+            return *cached;
     }
     // Built outside the lock: two threads may build the same path, the last store wins.
     QPainterPath path;
@@ -311,7 +311,7 @@ std::optional<QPainterPath> IconLibrary::iconPath(const Icon& icon, IconStyle st
     for (const QByteArray& d : *paths)
         SVGPath::append(d, path); // a broken string only loses its own rest
     const QMutexLocker lock(&m_cacheLock);
-    m_pathCache.insert(key, path);
+    m_pathCache.insert(key, new QPainterPath(path), std::max(1, path.elementCount()));
     return path;
 }
 

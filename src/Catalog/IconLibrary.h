@@ -4,6 +4,7 @@
 #include "IconSearch.h"
 #include "TypoMatches.h"
 
+#include <QCache>
 #include <QHash>
 #include <QMutex>
 #include <QObject>
@@ -85,7 +86,8 @@ public:
     Icon icon(QStringView name) const;
 
     // The icon's paths of one style combined in the 24 x 24 icon space;
-    // nullopt when the icon has no such form. Cached; safe from any thread.
+    // nullopt when the icon has no such form. The most recent are cached
+    // (a few screens of the grid); safe from any thread.
     std::optional<QPainterPath> iconPath(const Icon& icon, IconStyle style) const;
 
     IconList search(QStringView query, const IconList& icons) const
@@ -133,6 +135,9 @@ private:
     mutable std::optional<IconSearch> m_search;
     mutable std::optional<TypoMatches> m_typos;
 
+    // Bounded: the whole set's paths would hold megabytes, and one parses in
+    // microseconds. An entry costs its element count.
+    static constexpr qsizetype pathCacheElements = 64 * 1024;
     mutable QMutex m_cacheLock;
-    mutable QHash<QString, QPainterPath> m_pathCache;
+    mutable QCache<QString, QPainterPath> m_pathCache{pathCacheElements};
 };
