@@ -123,6 +123,7 @@ void Application::start()
         m_picker->preparePanel();
         m_library->searchIndex();
         HeapTrim::releaseFreePages();
+        StartupTrace::mark("panel and search index ready");
     });
     // A hidden panel waits, maybe for hours: give back what its frames freed.
     connect(m_picker.get(), &PickerController::hidden, this, &HeapTrim::releaseFreePages,
