@@ -16,16 +16,21 @@
 
 namespace {
 
-// A resource stored uncompressed is read in place, without a copy.
-std::optional<QByteArray> readCandidate(const QString& path)
+// A compiled-in resource stored uncompressed, read in place without a copy;
+// null for any other file.
+QByteArray compiledInBytes(const QString& path)
 {
-    if (path.startsWith(u':')) {
-        const QResource resource(path);
-        if (resource.isValid() && resource.compressionAlgorithm() == QResource::NoCompression) {
-            return QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()),
-                                           static_cast<qsizetype>(resource.size()));
-        }
-    }
+    if (!path.startsWith(u':'))
+        return {};
+    const QResource resource(path);
+    if (!resource.isValid() || resource.compressionAlgorithm() != QResource::NoCompression)
+        return {};
+    return QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()),
+                                   static_cast<qsizetype>(resource.size()));
+}
+
+std::optional<QByteArray> readFile(const QString& path)
+{
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
@@ -95,8 +100,10 @@ std::vector<IconLibrary::Candidate> IconLibrary::candidates(const Sources& sourc
     for (const QString& path : {sources.shippedPath, sources.downloadedPath}) {
         if (path.isEmpty())
             continue;
-        if (auto bytes = readCandidate(path))
-            found.push_back({path, *bytes, peekVersion(*bytes)});
+        if (QByteArray bytes = compiledInBytes(path); !bytes.isNull())
+            found.push_back({path, bytes, peekVersion(bytes), true});
+        else if (auto read = readFile(path))
+            found.push_back({path, *read, peekVersion(*read)});
     }
     // Highest version first; on equal versions the shipped file stays ahead.
     std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
@@ -105,14 +112,20 @@ std::vector<IconLibrary::Candidate> IconLibrary::candidates(const Sources& sourc
     return found;
 }
 
+std::optional<CatalogueFile> IconLibrary::decodeCandidate(const Candidate& candidate,
+                                                          QString* reason)
+{
+    return CatalogueCodec::decode(candidate.bytes, reason, &TextArena::forThisRun(),
+                                  candidate.compiledIn ? CatalogueCodec::DataLifetime::wholeRun
+                                                       : CatalogueCodec::DataLifetime::temporary);
+}
+
 void IconLibrary::load()
 {
     m_loadProblem.clear();
     for (const Candidate& candidate : candidates(m_sources)) {
         QString reason = QStringLiteral("it has no version");
-        auto file = candidate.version
-                        ? CatalogueCodec::decode(candidate.bytes, &reason, &TextArena::forThisRun())
-                        : std::nullopt;
+        auto file = candidate.version ? decodeCandidate(candidate, &reason) : std::nullopt;
         if (file) {
             m_loadedPath = candidate.path;
             apply(std::move(*file));
@@ -132,8 +145,7 @@ bool IconLibrary::refresh()
         if (candidate.path == m_loadedPath && *candidate.version == m_version)
             return false;
         QString reason;
-        if (auto file =
-                CatalogueCodec::decode(candidate.bytes, &reason, &TextArena::forThisRun())) {
+        if (auto file = decodeCandidate(candidate, &reason)) {
             m_loadedPath = candidate.path;
             apply(std::move(*file));
             return true;
@@ -289,13 +301,16 @@ std::optional<IconDrawing> IconLibrary::iconDrawing(const Icon& icon, IconStyle 
                                                                                  "o"));
     {
         const QMutexLocker lock(&m_cacheLock);
-        if (const auto it = m_pathCache.constFind(key); it != m_pathCache.cend())
-            return *it;
+        if (const IconDrawing* cached = m_pathCache.object(key))
+            return *cached;
     }
     // Built outside the lock: two threads may build the same path, the last store wins.
     IconDrawing drawing = IconDrawing::of(*paths, icon.paints(style), style);
     const QMutexLocker lock(&m_cacheLock);
-    m_pathCache.insert(key, drawing);
+    qsizetype elements = 0;
+    for (const IconDrawing::Layer& layer : drawing.layers)
+        elements += layer.path.elementCount();
+    m_pathCache.insert(key, new IconDrawing(drawing), std::max<qsizetype>(1, elements));
     return drawing;
 }
 

@@ -5,6 +5,7 @@
 #include "IconSearch.h"
 #include "TypoMatches.h"
 
+#include <QCache>
 #include <QHash>
 #include <QMutex>
 #include <QObject>
@@ -86,7 +87,8 @@ public:
     Icon icon(QStringView name) const;
 
     // The icon's paths of one style as drawn in the 24 x 24 icon space;
-    // nullopt when the icon has no such form. Cached; safe from any thread.
+    // nullopt when the icon has no such form. The most recent are
+    // cached (a few screens of the grid); safe from any thread.
     std::optional<IconDrawing> iconDrawing(const Icon& icon, IconStyle style) const;
 
     IconList search(QStringView query, const IconList& icons) const
@@ -116,7 +118,9 @@ private:
         QString path;
         QByteArray bytes;
         std::optional<QString> version;
+        bool compiledIn = false; // the bytes stay where they are until the program ends
     };
+    static std::optional<File> decodeCandidate(const Candidate& candidate, QString* reason);
     // The readable sources, the one to load first.
     static std::vector<Candidate> candidates(const Sources& sources);
     // Moves a downloaded catalogue that does not decode out of the way.
@@ -132,6 +136,9 @@ private:
     mutable std::optional<IconSearch> m_search;
     mutable std::optional<TypoMatches> m_typos;
 
+    // Bounded: the whole set's paths would hold megabytes, and one parses in
+    // microseconds. An entry costs its element count.
+    static constexpr qsizetype pathCacheElements = 64 * 1024;
     mutable QMutex m_cacheLock;
-    mutable QHash<QString, IconDrawing> m_pathCache;
+    mutable QCache<QString, IconDrawing> m_pathCache{pathCacheElements};
 };

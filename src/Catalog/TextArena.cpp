@@ -38,7 +38,7 @@ QString TextArena::utf16(std::string_view utf8)
     const QMutexLocker lock(&m_lock);
     // UTF-16 never needs more units than UTF-8 has bytes, replacement
     // characters for broken sequences included.
-    QChar* out = m_utf16.take(utf8.size());
+    auto* out = reinterpret_cast<QChar*>(m_utf16.take(utf8.size()));
     QChar* end = out;
     // Nearly all catalogue text is ASCII: widen it directly, decode the rest.
     if (std::all_of(utf8.begin(), utf8.end(),

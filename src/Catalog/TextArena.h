@@ -30,5 +30,5 @@ private:
 
     QMutex m_lock;
     Blocks<char> m_bytes;
-    Blocks<QChar> m_utf16;
+    Blocks<char16_t> m_utf16; // not QChar, whose constructor would clear each block first
 };

@@ -21,49 +21,36 @@ void SVGPath::Scanner::skipSeparators()
     }
 }
 
-// Icon paths are short decimals ("12.5", "-.75"). Up to 15 digits the
-// digits as an integer and the power of ten are both exact doubles, so one
-// division rounds correctly: the same value from_chars gives, at a fraction
-// of its cost.
-std::optional<double> SVGPath::Scanner::shortDecimal(qsizetype start, qsizetype end) const
+// Icon paths are short decimals ("12.5", "-.75"), read in one pass that also
+// gathers their digits. Up to 15 digits the digits as an integer and the
+// power of ten are both exact doubles, so one division rounds correctly: the
+// same value from_chars gives, at a fraction of its cost.
+std::optional<double> SVGPath::Scanner::number()
 {
     static constexpr double powersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                              1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    qsizetype at = isSignAt(start) ? start + 1 : start;
-    std::uint64_t digits = 0;
-    int count = 0;
-    int fractionDigits = 0;
-    bool inFraction = false;
-    for (; at < end; ++at) {
-        const char byte = m_bytes[at];
-        if (byte == '.') {
-            inFraction = true;
-            continue;
-        }
-        if (++count > 15)
-            return std::nullopt;
-        digits = digits * 10 + static_cast<std::uint64_t>(byte - '0');
-        fractionDigits += inFraction ? 1 : 0;
-    }
-    const double value = static_cast<double>(digits) / powersOfTen[fractionDigits];
-    return isAt(start, '-') ? -value : value;
-}
-
-std::optional<double> SVGPath::Scanner::number()
-{
     skipSeparators();
     const qsizetype start = m_position;
     qsizetype end = isSignAt(start) ? start + 1 : start;
 
-    const qsizetype integerEnd = skipDigits(end);
+    std::uint64_t digits = 0; // wraps past 19 digits, when it is no longer used
+    int count = 0;
+    const auto gather = [&](qsizetype index) {
+        for (; isDigitAt(index); ++index, ++count)
+            digits = digits * 10 + static_cast<std::uint64_t>(m_bytes[index] - '0');
+        return index;
+    };
+    const qsizetype integerEnd = gather(end);
     bool hasDigits = integerEnd > end;
     end = integerEnd;
+    int fractionDigits = 0;
     if (isAt(end, '.')) {
         // "5." is a number; "." needs a digit after it. A second "." starts
         // the next number, so "0.5.5" is 0.5 and .5.
-        const qsizetype fractionEnd = skipDigits(end + 1);
+        const qsizetype fractionEnd = gather(end + 1);
         if (hasDigits || fractionEnd > end + 1) {
             hasDigits = true;
+            fractionDigits = static_cast<int>(fractionEnd - (end + 1));
             end = fractionEnd;
         }
     }
@@ -81,11 +68,10 @@ std::optional<double> SVGPath::Scanner::number()
         }
     }
 
-    if (!hasExponent) {
-        if (const auto value = shortDecimal(start, end)) {
-            m_position = end;
-            return value;
-        }
+    if (!hasExponent && count <= 15) {
+        const double value = static_cast<double>(digits) / powersOfTen[fractionDigits];
+        m_position = end;
+        return isAt(start, '-') ? -value : value;
     }
 
     // from_chars is locale-independent and stops at `last`, but takes no "+".

@@ -31,10 +31,13 @@ private:
         return index < m_bytes.size() && m_bytes[index] == byte;
     }
     bool isSignAt(qsizetype index) const { return isAt(index, '+') || isAt(index, '-'); }
-    std::optional<double> shortDecimal(qsizetype start, qsizetype end) const;
+    bool isDigitAt(qsizetype index) const
+    {
+        return index < m_bytes.size() && m_bytes[index] >= '0' && m_bytes[index] <= '9';
+    }
     qsizetype skipDigits(qsizetype index) const
     {
-        while (index < m_bytes.size() && m_bytes[index] >= '0' && m_bytes[index] <= '9')
+        while (isDigitAt(index))
             ++index;
         return index;
     }

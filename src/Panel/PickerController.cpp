@@ -80,7 +80,10 @@ void PickerController::hide()
         m_panel->removeEventFilter(this);
         m_monitoring = false;
     }
+    const bool wasVisible = m_panel->isVisible();
     m_panel->hide();
+    if (wasVisible)
+        emit hidden();
 }
 
 void PickerController::toggle()

@@ -116,6 +116,8 @@ signals:
     // The panel asks for the settings window on a tab (0 General, 1 Copy).
     void settingsRequested(int tab);
     void quitRequested();
+    // The panel went out of sight, however it was closed.
+    void hidden();
 
 protected:
     // The key monitor: the panel's key presses, while it is shown.

@@ -6,6 +6,7 @@
 #include "Catalog/IconLibrary.h"
 #include "Catalog/IconUpdater.h"
 #include "Export/CopyService.h"
+#include "HeapTrim.h"
 #include "Panel/PickerController.h"
 #include "Panel/Views/PictrayQml.h"
 #include "Picker/PickerModel.h"
@@ -116,10 +117,17 @@ void Application::start()
     if (!m_prefs->hasCompletedOnboarding())
         m_windows->showOnboarding();
     StartupTrace::mark("started");
-    // Once the tray is up and idle, load the panel so the first hot key
-    // press shows it at once.
-    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(),
-                       [this] { m_picker->preparePanel(); });
+    // Once the tray is up and idle, load the panel and the search index so
+    // that the first hot key press and the first keystroke find them ready.
+    QTimer::singleShot(panelPreparationDelayMs, m_picker.get(), [this] {
+        m_picker->preparePanel();
+        m_library->searchIndex();
+        HeapTrim::releaseFreePages();
+        StartupTrace::mark("panel and search index ready");
+    });
+    // A hidden panel waits, maybe for hours: give back what its frames freed.
+    connect(m_picker.get(), &PickerController::hidden, this, &HeapTrim::releaseFreePages,
+            Qt::QueuedConnection);
     QTimer::singleShot(updateCheckDelayMs, m_updates.get(), [this] { m_updates->startSchedule(); });
 }
 

@@ -53,8 +53,8 @@ void PanelTrace::frameSwapped()
     if (!m_clock.isValid())
         return;
     const double ms = double(m_clock.nsecsElapsed()) / 1e6;
-    std::fprintf(stderr, "pictray: panel %.1f ms  rss %lld kB  %s\n", ms,
-                 static_cast<long long>(StartupTrace::residentKB()), qUtf8Printable(m_what));
+    std::fprintf(stderr, "pictray: panel %.1f ms  %s  %s\n", ms,
+                 StartupTrace::residentMemory().constData(), qUtf8Printable(m_what));
     std::fflush(stderr);
     m_clock.invalidate();
 }

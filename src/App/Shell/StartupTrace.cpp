@@ -25,19 +25,23 @@ void StartupTrace::mark(const char* step)
     if (!enabled() || !clock().isValid())
         return;
     const double ms = double(clock().nsecsElapsed()) / 1e6;
-    std::fprintf(stderr, "pictray: startup %.1f ms  rss %lld kB  %s\n", ms,
-                 static_cast<long long>(residentKB()), step);
+    std::fprintf(stderr, "pictray: startup %.1f ms  %s  %s\n", ms, residentMemory().constData(),
+                 step);
     std::fflush(stderr);
 }
 
-qint64 StartupTrace::residentKB()
+QByteArray StartupTrace::residentMemory()
 {
     QFile status(QStringLiteral("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly))
-        return -1;
+        return "rss unknown";
+    QByteArray total = "?";
+    QByteArray anonymous = "?";
     for (const QByteArray& line : status.readAll().split('\n')) {
         if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').value(0).toLongLong();
+            total = line.mid(6).trimmed().split(' ').value(0);
+        else if (line.startsWith("RssAnon:"))
+            anonymous = line.mid(8).trimmed().split(' ').value(0);
     }
-    return -1;
+    return "rss " + total + " kB (anon " + anonymous + " kB)";
 }
