@@ -12,21 +12,6 @@ class TestCliCatalogue : public QObject {
     Q_OBJECT
 
 private slots:
-    void infoDescribesTheShippedCatalogue()
-    {
-        const PictrayProcess pictray;
-        const auto result = pictray.run({"info"});
-        QCOMPARE(result.exitCode, 0);
-        const QStringList lines = result.lines();
-        QCOMPARE(lines.size(), 6);
-        QVERIFY(lines[0].startsWith("version: 3."));
-        QVERIFY(lines[1].startsWith("icons: "));
-        QVERIFY(lines[2].startsWith("outline: "));
-        QVERIFY(lines[3].startsWith("filled: "));
-        QVERIFY(lines[4].startsWith("categories: "));
-        QCOMPARE(lines[5], QStringLiteral("source: shipped"));
-    }
-
     void infoNamesANewerDownload()
     {
         const PictrayProcess pictray;
@@ -118,13 +103,6 @@ private slots:
         QVERIFY(result.out.isEmpty());
         QVERIFY(result.err.startsWith("pictray: "));
         QVERIFY(result.err.contains("Usage: pictray"));
-    }
-
-    void helpAndVersion()
-    {
-        const PictrayProcess pictray;
-        QVERIFY(pictray.run({"--help"}).out.contains("pictray search"));
-        QVERIFY(pictray.run({"--version"}).out.startsWith("pictray "));
     }
 
     void catalogueBuild()

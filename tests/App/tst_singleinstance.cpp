@@ -323,23 +323,6 @@ private slots:
         QCOMPARE(result.get(), SingleInstance::SendResult::answered);
     }
 
-    void commandsNeedARunningInstance_data()
-    {
-        QTest::addColumn<QStringList>("args");
-        QTest::newRow("toggle") << QStringList{"toggle"};
-        QTest::newRow("show") << QStringList{"show", "--tab", "favorites"};
-        QTest::newRow("copy-last") << QStringList{"copy-last"};
-    }
-
-    void commandsNeedARunningInstance()
-    {
-        QFETCH(QStringList, args);
-        const PictrayProcess pictray;
-        const auto result = pictray.run(args);
-        QCOMPARE(result.exitCode, 1);
-        QVERIFY2(result.err.contains("Pictray is not running."), result.err.constData());
-    }
-
     // The real tray program on the offscreen platform: no tray there, so it
     // also shows that the program keeps serving without one.
     void runningInstanceAnswers()

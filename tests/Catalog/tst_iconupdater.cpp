@@ -2,6 +2,7 @@
 #include "Catalog/IconUpdater.h"
 #include "Catalog/PackageConverter.h"
 #include "FixtureHttpServer.h"
+#include "TestData.h"
 
 #include <QFutureWatcherBase>
 #include <QSemaphore>
@@ -19,12 +20,6 @@ const QByteArray metadata = R"({"home": {"category": "Buildings", "tags": ["hous
 const QByteArray outlineNodes = R"({"home": [["path", {"d": "M5 12l-2 0"}]],
                                     "star": [["circle", {"r": "1"}], ["path", {"d": "M12 17.75l-6.172 3.245"}]]})";
 const QByteArray filledNodes = R"({"star": [["path", {"d": "M8.243 7.34l-6.38 .925"}]]})";
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -67,10 +62,8 @@ private slots:
     {
         QFile::remove(downloaded());
         const QString shipped = m_dir.filePath(QStringLiteral("shipped.json"));
-        QFile file(shipped);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(R"({"version":"3.9.2","icons":[{"n":"old","c":"","t":[],"o":["M1 1"]}]})");
-        file.close();
+        TestData::writeFile(
+            shipped, R"({"version":"3.9.2","icons":[{"n":"old","c":"","t":[],"o":["M1 1"]}]})");
         m_server = std::make_unique<FixtureHttpServer>();
         qputenv("PICTRAY_LATEST_URL", m_server->url(QStringLiteral("/latest")).toEncoded());
         qputenv("PICTRAY_CDN_URL", m_server->url().toEncoded());
@@ -106,7 +99,7 @@ private slots:
         QCOMPARE(home.tags(), (QStringList{"house", "2.0"}));
         QVERIFY(!home.has(IconStyle::filled));
         QCOMPARE(m_library->icon(u"star").outline()->size(), 1); // the circle is dropped
-        QVERIFY(readFile(downloaded()).startsWith(R"({"version":"3.10.0","icons":[)"));
+        QVERIFY(TestData::readFile(downloaded()).startsWith(R"({"version":"3.10.0","icons":[)"));
 
         // The next start prefers the downloaded release.
         QCOMPARE(IconLibrary(m_library->sources()).version(), QStringLiteral("3.10.0"));
@@ -183,22 +176,17 @@ private slots:
     {
         QTest::addColumn<QString>("problem");
         QTest::addColumn<QString>("message");
-        QTest::newRow("server error on latest") << "latest500"
-                                                << "answered 500";
-        QTest::newRow("answer without version") << "noVersion"
-                                                << "has no version";
-        QTest::newRow("implausible version") << "badVersion"
-                                             << "unusable version";
-        QTest::newRow("both node files empty") << "emptyNodes"
-                                               << "release 3.10.0 looks damaged (0 icons).";
-        QTest::newRow("redirect to another host") << "redirectAway"
-                                                  << "which is not the same server";
-        QTest::newRow("metadata of the wrong shape") << "badMeta"
-                                                     << "is damaged";
-        QTest::newRow("missing file") << "file404"
-                                      << "answered 404";
-        QTest::newRow("connection refused") << "refused"
-                                            << "Connection refused (http://127.0.0.1:";
+        QTest::newRow("server error on latest") << u"latest500"_qs << u"answered 500"_qs;
+        QTest::newRow("answer without version") << u"noVersion"_qs << u"has no version"_qs;
+        QTest::newRow("implausible version") << u"badVersion"_qs << u"unusable version"_qs;
+        QTest::newRow("both node files empty")
+            << u"emptyNodes"_qs << u"release 3.10.0 looks damaged (0 icons)."_qs;
+        QTest::newRow("redirect to another host")
+            << u"redirectAway"_qs << u"which is not the same server"_qs;
+        QTest::newRow("metadata of the wrong shape") << u"badMeta"_qs << u"is damaged"_qs;
+        QTest::newRow("missing file") << u"file404"_qs << u"answered 404"_qs;
+        QTest::newRow("connection refused")
+            << u"refused"_qs << u"Connection refused (http://127.0.0.1:"_qs;
     }
     void failuresChangeNothing()
     {
@@ -244,10 +232,8 @@ private slots:
         for (const char* name : {"a", "b", "c", "d", "e"})
             icons.push_back({QString::fromLatin1(name), {}, {}, PathList{"M1 1"}, {}});
         const QString shipped = m_dir.filePath(QStringLiteral("five.json"));
-        QFile file(shipped);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(PackageConverter::OutFile{QStringLiteral("3.9.2"), icons}.encode());
-        file.close();
+        TestData::writeFile(shipped,
+                            PackageConverter::OutFile{QStringLiteral("3.9.2"), icons}.encode());
         m_library = std::make_unique<IconLibrary>(IconLibrary::Sources{shipped, downloaded()});
         m_updater = std::make_unique<IconUpdater>(*m_library);
         serveRelease(QStringLiteral("3.10.0"));

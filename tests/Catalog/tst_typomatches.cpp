@@ -61,20 +61,13 @@ private slots:
         QTest::addColumn<QString>("b");
         QTest::addColumn<int>("limit");
         QTest::addColumn<int>("expected");
-        QTest::newRow("same") << "arrow"
-                              << "arrow" << 2 << 0;
-        QTest::newRow("swap is one edit") << "netwrok"
-                                          << "network" << 2 << 1;
-        QTest::newRow("insert and delete") << "calender"
-                                           << "calendar" << 2 << 1;
-        QTest::newRow("no edit inside a swap") << "ca"
-                                               << "abc" << 3 << 3;
-        QTest::newRow("past the limit") << "kitten"
-                                        << "sitting" << 2 << 3;
-        QTest::newRow("lengths too far apart") << "box"
-                                               << "boxes-long" << 2 << 3;
-        QTest::newRow("empty") << ""
-                               << "ab" << 2 << 2;
+        QTest::newRow("same") << u"arrow"_qs << u"arrow"_qs << 2 << 0;
+        QTest::newRow("swap is one edit") << u"netwrok"_qs << u"network"_qs << 2 << 1;
+        QTest::newRow("insert and delete") << u"calender"_qs << u"calendar"_qs << 2 << 1;
+        QTest::newRow("no edit inside a swap") << u"ca"_qs << u"abc"_qs << 3 << 3;
+        QTest::newRow("past the limit") << u"kitten"_qs << u"sitting"_qs << 2 << 3;
+        QTest::newRow("lengths too far apart") << u"box"_qs << u"boxes-long"_qs << 2 << 3;
+        QTest::newRow("empty") << u""_qs << u"ab"_qs << 2 << 2;
     }
     void distance()
     {
