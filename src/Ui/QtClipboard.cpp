@@ -1,6 +1,7 @@
 #include "QtClipboard.h"
 
 #include "ClipboardCarrier.h"
+#include "Platform/Wayland/WlCopy.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -18,6 +19,7 @@ void QtClipboard::useFocusCarrier()
 void QtClipboard::clear()
 {
     offer(nullptr);
+    assistWithoutFocus({}, QString());
 }
 
 void QtClipboard::putText(const QString& text)
@@ -25,6 +27,7 @@ void QtClipboard::putText(const QString& text)
     auto* data = new QMimeData;
     data->setText(text);
     offer(data);
+    assistWithoutFocus(text.toUtf8(), QStringLiteral("text/plain;charset=utf-8"));
 }
 
 void QtClipboard::putPNG(const QByteArray& png, const QImage& image)
@@ -33,6 +36,7 @@ void QtClipboard::putPNG(const QByteArray& png, const QImage& image)
     data->setData(QStringLiteral("image/png"), png);
     data->setImageData(image);
     offer(data);
+    assistWithoutFocus(png, QStringLiteral("image/png"));
 }
 
 void QtClipboard::offer(QMimeData* data)
@@ -44,4 +48,10 @@ void QtClipboard::offer(QMimeData* data)
     // Owned by the offer until the clipboard takes it.
     auto held = std::make_shared<std::unique_ptr<QMimeData>>(data);
     m_carrier->carry([held] { QGuiApplication::clipboard()->setMimeData(held->release()); });
+}
+
+void QtClipboard::assistWithoutFocus(const QByteArray& bytes, const QString& mimeType)
+{
+    if (m_carrier && !QGuiApplication::focusWindow())
+        WlCopy::offer(bytes, mimeType);
 }

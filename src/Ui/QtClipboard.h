@@ -15,7 +15,7 @@ public:
 
     // For compositors that take offers only from a focused client (Wayland):
     // offers made while no window of the program has the keyboard go through
-    // a window of their own.
+    // a window of their own, and through wl-copy where it is installed.
     void useFocusCarrier();
 
     void clear() override;
@@ -28,6 +28,9 @@ public:
 private:
     // Takes `data`; none clears the clipboard.
     void offer(QMimeData* data);
+    // Without a focused window, also through wl-copy where installed: a
+    // compositor that checks input serials (wlroots) refuses Qt's offer.
+    void assistWithoutFocus(const QByteArray& bytes, const QString& mimeType);
 
     std::unique_ptr<ClipboardCarrier> m_carrier;
 };
