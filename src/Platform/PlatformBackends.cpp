@@ -36,15 +36,23 @@ PlatformBackends forX11()
 PlatformBackends forWayland()
 {
     PlatformBackends backends = PlatformBackends::null();
+    using ID = HotKeyCenter::ID;
+    std::map<quint32, PortalHotKeyBackend::Shortcut> shortcuts{
+        {quint32(ID::picker),
+         {QStringLiteral("picker"), QStringLiteral("Open the picker"),
+          QStringLiteral("pictray toggle")}},
+        {quint32(ID::copyLast),
+         {QStringLiteral("copyLast"), QStringLiteral("Copy the last icon again"),
+          QStringLiteral("pictray copy-last")}},
+    };
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (PortalHotKeyBackend::isOffered(bus)) {
-        using ID = HotKeyCenter::ID;
-        backends.hotKeys = std::make_unique<PortalHotKeyBackend>(
-            bus, std::map<quint32, PortalHotKeyBackend::Shortcut>{
-                     {quint32(ID::picker),
-                      {QStringLiteral("picker"), QStringLiteral("Open the picker")}},
-                     {quint32(ID::copyLast),
-                      {QStringLiteral("copyLast"), QStringLiteral("Copy the last icon again")}}});
+        backends.hotKeys = std::make_unique<PortalHotKeyBackend>(bus, std::move(shortcuts));
+    } else {
+        std::map<quint32, QString> notes;
+        for (const auto& [number, shortcut] : shortcuts)
+            notes[number] = PortalHotKeyBackend::bindCommandNote(shortcut.command);
+        backends.hotKeys = std::make_unique<NullHotKeyBackend>(std::move(notes));
     }
     backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
     backends.session = WindowingSession::wayland();

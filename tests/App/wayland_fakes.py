@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Stand-ins on a private session bus for what a Wayland desktop offers.
 
-  wayland_fakes.py portal LOG   the desktop portal: GlobalShortcuts, RemoteDesktop
+  wayland_fakes.py portal LOG   the desktop portal's GlobalShortcuts
   wayland_fakes.py watcher LOG  a StatusNotifierWatcher with a host
 
 Each call is written as a line to LOG, for the test to wait on. The portal

@@ -86,6 +86,33 @@ QString PortalHotKeyBackend::trigger(quint32 number) const
     return found == m_triggers.end() ? QString() : found->second;
 }
 
+QString PortalHotKeyBackend::desktopNote(quint32 number) const
+{
+    const auto shortcut = m_shortcuts.find(number);
+    if (shortcut == m_shortcuts.end())
+        return QString();
+    if (!m_available)
+        return bindCommandNote(shortcut->second.command);
+    const QString key = trigger(number);
+    if (key.isEmpty())
+        return QStringLiteral("Your desktop has not given this shortcut a key yet.");
+    return QStringLiteral("Your desktop runs it with %1; change it in the desktop's keyboard "
+                          "settings.")
+        .arg(key);
+}
+
+void PortalHotKeyBackend::installNotesHandler(std::function<void()> changed)
+{
+    m_notesChanged = std::move(changed);
+}
+
+QString PortalHotKeyBackend::bindCommandNote(const QString& command)
+{
+    return QStringLiteral("Your desktop has no global shortcuts for programs: bind \u201C%1\u201D "
+                          "to a key in its keyboard settings.")
+        .arg(command);
+}
+
 QString PortalHotKeyBackend::interface() const
 {
     return QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
@@ -164,14 +191,16 @@ void PortalHotKeyBackend::takeTriggers(const PortalShortcuts& shortcuts)
     for (const PortalShortcut& shortcut : shortcuts)
         m_triggers[shortcut.id] =
             shortcut.properties.value(QStringLiteral("trigger_description")).toString();
-    emit triggersChanged();
+    if (m_notesChanged)
+        m_notesChanged();
 }
 
 void PortalHotKeyBackend::unavailable()
 {
     m_available = false;
     m_triggers.clear();
-    emit triggersChanged();
+    if (m_notesChanged)
+        m_notesChanged();
 }
 
 void PortalHotKeyBackend::activated(const QDBusObjectPath& session, const QString& id,

@@ -22,6 +22,8 @@ public:
     struct Shortcut {
         QString id;
         QString description;
+        // The command that does the same, for desktops without the portal.
+        QString command;
     };
 
     PortalHotKeyBackend(QDBusConnection bus, std::map<quint32, Shortcut> shortcuts,
@@ -40,11 +42,12 @@ public:
 
     // The key the desktop reports for a hot key number; empty when unbound.
     QString trigger(quint32 number) const;
+    QString desktopNote(quint32 number) const override;
+    void installNotesHandler(std::function<void()> changed) override;
+    // The note for a desktop without global shortcuts.
+    static QString bindCommandNote(const QString& command);
     // False once the portal turned out to lack global shortcuts.
     bool isAvailable() const { return m_available; }
-
-signals:
-    void triggersChanged();
 
 private slots:
     void activated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
@@ -65,6 +68,7 @@ private:
     std::set<quint32> m_enabled;
     std::map<QString, QString> m_triggers;
     PressHandler m_handler;
+    std::function<void()> m_notesChanged;
     QString m_session;
     bool m_started = false;
     bool m_available = true;
