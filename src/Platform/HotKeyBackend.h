@@ -25,5 +25,5 @@ public:
     // the key it bound, or how to bind the matching command; empty elsewhere.
     virtual QString desktopNote(quint32 /*number*/) const { return QString(); }
     // Called whenever the notes change; once, before the first registration.
-    virtual void installNotesHandler(std::function<void()> /*changed*/) {}
+    virtual void installNotesHandler(const std::function<void()>& /*changed*/) {}
 };

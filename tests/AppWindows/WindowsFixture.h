@@ -27,9 +27,9 @@ struct CountingHotKeys : HotKeyBackend {
 
     void installHandler(PressHandler) override {}
     QString desktopNote(quint32) const override { return note; }
-    void installNotesHandler(std::function<void()> changed) override
+    void installNotesHandler(const std::function<void()>& changed) override
     {
-        notesChanged = std::move(changed);
+        notesChanged = changed;
     }
     bool registerHotKey(quint32, const KeyCombo& combo) override
     {

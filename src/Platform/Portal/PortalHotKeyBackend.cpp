@@ -101,9 +101,9 @@ QString PortalHotKeyBackend::desktopNote(quint32 number) const
         .arg(key);
 }
 
-void PortalHotKeyBackend::installNotesHandler(std::function<void()> changed)
+void PortalHotKeyBackend::installNotesHandler(const std::function<void()>& changed)
 {
-    m_notesChanged = std::move(changed);
+    m_notesChanged = changed;
 }
 
 QString PortalHotKeyBackend::bindCommandNote(const QString& command)

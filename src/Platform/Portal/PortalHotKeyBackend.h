@@ -43,7 +43,7 @@ public:
     // The key the desktop reports for a hot key number; empty when unbound.
     QString trigger(quint32 number) const;
     QString desktopNote(quint32 number) const override;
-    void installNotesHandler(std::function<void()> changed) override;
+    void installNotesHandler(const std::function<void()>& changed) override;
     // The note for a desktop without global shortcuts.
     static QString bindCommandNote(const QString& command);
     // False once the portal turned out to lack global shortcuts.

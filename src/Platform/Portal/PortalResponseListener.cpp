@@ -3,8 +3,15 @@
 namespace {
 
 constexpr uint failed = 2;
-const QString requestInterface = QStringLiteral("org.freedesktop.portal.Request");
-const QString responseSignal = QStringLiteral("Response");
+QString requestInterface()
+{
+    return QStringLiteral("org.freedesktop.portal.Request");
+}
+
+QString responseSignal()
+{
+    return QStringLiteral("Response");
+}
 
 } // namespace
 
@@ -13,7 +20,7 @@ PortalResponseListener::PortalResponseListener(QDBusConnection bus, QString path
     : m_bus(std::move(bus)), m_path(std::move(path)), m_context(context),
       m_answer(std::move(answer))
 {
-    m_bus.connect(QString(), m_path, requestInterface, responseSignal, this,
+    m_bus.connect(QString(), m_path, requestInterface(), responseSignal(), this,
                   SLOT(respond(uint, QVariantMap)));
 }
 
@@ -27,7 +34,7 @@ void PortalResponseListener::respond(uint response, const QVariantMap& results)
     if (m_done)
         return;
     m_done = true;
-    m_bus.disconnect(QString(), m_path, requestInterface, responseSignal, this,
+    m_bus.disconnect(QString(), m_path, requestInterface(), responseSignal(), this,
                      SLOT(respond(uint, QVariantMap)));
     if (m_context)
         m_answer(response, results);

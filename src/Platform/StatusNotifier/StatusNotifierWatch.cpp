@@ -7,8 +7,15 @@
 
 namespace {
 
-const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+QString watcherService()
+{
+    return QStringLiteral("org.kde.StatusNotifierWatcher");
+}
+
+QString watcherPath()
+{
+    return QStringLiteral("/StatusNotifierWatcher");
+}
 
 } // namespace
 
@@ -23,7 +30,7 @@ StatusNotifierWatch::StatusNotifierWatch(QDBusConnection bus, QObject* parent)
     if (!m_bus.isConnected())
         return;
     m_watcher.setConnection(m_bus);
-    m_watcher.addWatchedService(watcherService);
+    m_watcher.addWatchedService(watcherService());
     m_watcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) {
@@ -33,7 +40,7 @@ StatusNotifierWatch::StatusNotifierWatch(QDBusConnection bus, QObject* parent)
                     check();
             });
     // A watcher may come up before its host registers.
-    m_bus.connect(watcherService, watcherPath, watcherService,
+    m_bus.connect(watcherService(), watcherPath(), watcherService(),
                   QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(hostRegistered()));
     check();
 }
@@ -48,9 +55,9 @@ void StatusNotifierWatch::hostRegistered()
 void StatusNotifierWatch::check()
 {
     QDBusMessage get = QDBusMessage::createMethodCall(
-        watcherService, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+        watcherService(), watcherPath(), QStringLiteral("org.freedesktop.DBus.Properties"),
         QStringLiteral("Get"));
-    get.setArguments({watcherService, QStringLiteral("IsStatusNotifierHostRegistered")});
+    get.setArguments({watcherService(), QStringLiteral("IsStatusNotifierHostRegistered")});
     auto* call = new QDBusPendingCallWatcher(m_bus.asyncCall(get), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
         call->deleteLater();
