@@ -28,6 +28,9 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "qml6-module-qtquick, qml6-module-qtquick-controls, qml6-module-qtquick-layouts, \
 qml6-module-qtquick-templates, qml6-module-qtquick-window, qml6-module-qtqml, \
 qml6-module-qtqml-workerscript, qt6-qpa-plugins")
+# Wayland sessions run Pictray on Qt's Wayland platform (without it, XWayland);
+# wl-copy carries copies made without a key press on wlroots compositors.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, wl-clipboard")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
 include(CPack)

@@ -49,6 +49,9 @@ QString ShortcutSetting::accessibleName() const
 
 QString ShortcutSetting::refusal() const
 {
+    // Where the desktop owns the keys, it has the last word.
+    if (QString note = m_hotKeys.desktopNote(m_id); !note.isEmpty())
+        return note;
     if (!m_hotKeys.isRefused(m_id))
         return QString();
     return QStringLiteral("Another program already uses this shortcut.");

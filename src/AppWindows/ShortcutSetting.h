@@ -35,7 +35,9 @@ public:
     // "Shortcut: Control Alt I. Click to record a new one." or
     // "No shortcut. Click to record one."
     QString accessibleName() const;
-    // Set while the system refuses the shortcut because another program holds it.
+    // What the desktop says where it owns the keys (Wayland: the key it bound,
+    // or how to bind the command); else set while the system refuses the
+    // shortcut because another program holds it.
     QString refusal() const;
 
     Q_INVOKABLE void toggleRecording();

@@ -2,6 +2,7 @@
 
 #include "Base/KeyCombo.h"
 
+#include <QString>
 #include <functional>
 
 // What a windowing system must offer for global hot keys: make a key
@@ -19,4 +20,10 @@ public:
     // it); then nothing of it is live.
     virtual bool registerHotKey(quint32 number, const KeyCombo& combo) = 0;
     virtual void unregisterHotKey(quint32 number) = 0;
+
+    // What the desktop says about a hot key where it owns the keys (Wayland):
+    // the key it bound, or how to bind the matching command; empty elsewhere.
+    virtual QString desktopNote(quint32 /*number*/) const { return QString(); }
+    // Called whenever the notes change; once, before the first registration.
+    virtual void installNotesHandler(const std::function<void()>& /*changed*/) {}
 };

@@ -64,12 +64,18 @@ bool HotKeyCenter::isRefused(ID id) const
     return !m_isSuspended && m_combos.count(number) != 0 && m_live.count(number) == 0;
 }
 
+QString HotKeyCenter::desktopNote(ID id) const
+{
+    return m_backend->desktopNote(quint32(id));
+}
+
 void HotKeyCenter::installHandler()
 {
     if (m_handlerInstalled)
         return;
     m_handlerInstalled = true;
     m_backend->installHandler([this](quint32 number) { handlePress(number); });
+    m_backend->installNotesHandler([this] { emit registrationsChanged(); });
 }
 
 void HotKeyCenter::handlePress(quint32 number)

@@ -39,9 +39,12 @@ public:
     void resume();
     // Wanted, not suspended, yet not live: the system refused the combination.
     bool isRefused(ID id) const;
+    // Where the desktop owns the keys: what it says about id (the backend's note).
+    QString desktopNote(ID id) const;
 
 signals:
-    // After a registration, a suspension or a resumption.
+    // After a registration, a suspension or a resumption, and when the
+    // desktop's notes change.
     void registrationsChanged();
 
 private:

@@ -1,8 +1,10 @@
 #include "PlatformBackends.h"
 
+#include "HotKeyCenter.h"
 #include "Null/NullHotKeyBackend.h"
 #include "Null/NullLoginItem.h"
 #include "Null/NullPaster.h"
+#include "Portal/PortalHotKeyBackend.h"
 #include "X11/X11HotKeyBackend.h"
 #include "X11/X11Paster.h"
 #include "X11/X11TrayColors.h"
@@ -29,6 +31,36 @@ PlatformBackends forX11()
     return backends;
 }
 
+// No key grabs, window placement or synthetic input: the desktop portal
+// binds the shortcuts, the compositor places the panel.
+PlatformBackends forWayland()
+{
+    PlatformBackends backends = PlatformBackends::null();
+    using ID = HotKeyCenter::ID;
+    std::map<quint32, PortalHotKeyBackend::Shortcut> shortcuts{
+        {quint32(ID::picker),
+         {QStringLiteral("picker"), QStringLiteral("Open the picker"),
+          QStringLiteral("pictray toggle")}},
+        {quint32(ID::copyLast),
+         {QStringLiteral("copyLast"), QStringLiteral("Copy the last icon again"),
+          QStringLiteral("pictray copy-last")}},
+    };
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (PortalHotKeyBackend::isOffered(bus)) {
+        backends.hotKeys = std::make_unique<PortalHotKeyBackend>(bus, std::move(shortcuts));
+    } else {
+        std::map<quint32, QString> notes;
+        for (const auto& [number, shortcut] : shortcuts)
+            notes[number] = PortalHotKeyBackend::bindCommandNote(shortcut.command);
+        backends.hotKeys = std::make_unique<NullHotKeyBackend>(std::move(notes));
+    }
+    backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
+    backends.session = WindowingSession::wayland();
+    // Its desktops read XDG autostart entries too.
+    backends.loginItem = std::make_unique<XdgAutostartLoginItem>();
+    return backends;
+}
+
 } // namespace
 
 PlatformBackends::PlatformBackends() = default;
@@ -40,11 +72,20 @@ PlatformBackends PlatformBackends::forPlatform(const QString& platformName)
 {
     if (platformName == u"xcb")
         return forX11();
+    if (platformName.startsWith(u"wayland"))
+        return forWayland();
     PlatformBackends backends = null();
     backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
-    if (platformName.startsWith(u"wayland")) // its desktops read XDG autostart entries too
-        backends.loginItem = std::make_unique<XdgAutostartLoginItem>();
     return backends;
+}
+
+QByteArray PlatformBackends::preferredQtPlatform(const QByteArray& sessionType,
+                                                 const QByteArray& waylandDisplay)
+{
+    const bool wayland =
+        sessionType == "wayland" || (sessionType != "x11" && !waylandDisplay.isEmpty());
+    // X11 stays the way out when the Wayland plugin is missing.
+    return wayland ? QByteArrayLiteral("wayland;xcb") : QByteArray();
 }
 
 PlatformBackends PlatformBackends::null()

@@ -33,8 +33,15 @@ struct PlatformBackends {
     // "xcb": X11 grabs, XTest paste, the server's keyboard layout, a panel
     // placed by the program under the tray icon. Any other platform: no
     // global grabs, no paste, the environment's keymap, a centred panel.
-    // X11 and Wayland sessions start programs from XDG autostart entries.
+    // "wayland": shortcuts through the desktop portal where the session bus
+    // offers it, copies from a focused surface. X11 and Wayland sessions
+    // start programs from XDG autostart entries.
     static PlatformBackends forPlatform(const QString& platformName);
+    // The Qt platform to ask for in a session of this XDG_SESSION_TYPE and
+    // WAYLAND_DISPLAY: Wayland's own in a Wayland session, since XWayland's
+    // key grabs and clipboard reach only X11 windows; empty leaves Qt's choice.
+    static QByteArray preferredQtPlatform(const QByteArray& sessionType,
+                                          const QByteArray& waylandDisplay);
     // Null backends that do nothing: for tests.
     static PlatformBackends null();
 };

@@ -8,9 +8,13 @@ struct WindowingSession {
     bool placesWindows = false;
     // The tray reports its icon's frame, so the picker can hang from it.
     bool trayReportsGeometry = false;
+    // The compositor takes a clipboard offer only from the client with the
+    // keyboard (Wayland): copies made without a focused window need one.
+    bool clipboardNeedsFocus = false;
 
-    static constexpr WindowingSession x11() { return {true, true}; }
-    static constexpr WindowingSession compositorPlaced() { return {false, false}; }
+    static constexpr WindowingSession x11() { return {true, true, false}; }
+    static constexpr WindowingSession compositorPlaced() { return {false, false, false}; }
+    static constexpr WindowingSession wayland() { return {false, false, true}; }
 
     friend bool operator==(const WindowingSession&, const WindowingSession&) = default;
 };

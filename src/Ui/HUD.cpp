@@ -44,6 +44,14 @@ QRegion pillRegion(const QSize& size)
     return region;
 }
 
+// Wayland windows have no opacity of their own: there the message shows
+// without fading, for as long as it would take.
+bool windowsFade()
+{
+    static const bool fade = !QGuiApplication::platformName().startsWith(u"wayland");
+    return fade;
+}
+
 } // namespace
 
 HUD::HUD()
@@ -55,7 +63,10 @@ HUD::HUD()
     setFormat(surface);
     setTitle(QStringLiteral("Pictray"));
 
-    const auto follow = [this](const QVariant& value) { setOpacity(value.toReal()); };
+    const auto follow = [this](const QVariant& value) {
+        if (windowsFade())
+            setOpacity(value.toReal());
+    };
     m_fadeIn.setEndValue(1.0);
     connect(&m_fadeIn, &QVariantAnimation::valueChanged, this, follow);
     connect(&m_fadeIn, &QVariantAnimation::finished, &m_hold, qOverload<>(&QTimer::start));
@@ -86,7 +97,8 @@ void HUD::show(const QString& message)
     m_message = message;
     // A message that replaces one still on screen does not blink.
     const qreal from = isVisible() ? opacity() : 0.0;
-    setOpacity(from);
+    if (windowsFade())
+        setOpacity(from);
     place(message);
     QRasterWindow::show();
     raise(); // a window opened since the last message may cover it

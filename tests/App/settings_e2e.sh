@@ -14,11 +14,6 @@ CATALOGUE=$3
 ATSPI_BUS_LAUNCHER=$4
 HERE=$(dirname "$0")
 
-failures=0
-check() { # check DESCRIPTION COMMAND...
-    local what=$1; shift
-    if "$@"; then echo "PASS: $what"; else echo "FAIL: $what"; failures=$((failures + 1)); fi
-}
 session_bus=$DBUS_SESSION_BUS_ADDRESS
 source "$HERE/x11-session.sh"
 # This run's private bus has no StatusNotifier host, so the tray stays XEmbed.

@@ -10,13 +10,6 @@ PICTRAY=$1
 XSHOT=$2
 SHOTS=${3:-}
 
-failures=0
-pass() { echo "PASS: $*"; }
-fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
-check() { # check DESCRIPTION COMMAND...
-    local what=$1; shift
-    if "$@"; then pass "$what"; else fail "$what"; fi
-}
 source "$(dirname "$0")/x11-session.sh"
 
 clipboard() { xclip -selection clipboard -o 2>/dev/null; }

@@ -1,7 +1,7 @@
 # Sourced by the tray scripts that run inside xvfb-run: a throw-away home
-# for the run, the background processes it ends on exit, a poll helper, a
-# window manager with a tray host, and ways to find the tray icon, its menu
-# and the picker panel.
+# for the run, the background processes it ends on exit, the checks and a
+# poll helper (e2e-checks.sh), a window manager with a tray host, and ways to
+# find the tray icon, its menu and the picker panel.
 
 work=$(mktemp -d)
 pids=()
@@ -18,16 +18,7 @@ mkdir -p "$HOME" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_RUNTIME_DIR"
 chmod 700 "$XDG_RUNTIME_DIR"
 unset DBUS_SESSION_BUS_ADDRESS # the XEmbed tray, not a StatusNotifier host
 
-# wait_for SECONDS COMMAND...: polls until the command succeeds, giving up
-# after SECONDS (generous: a loaded machine is slow, a quick one returns at
-# once). Between polls it waits a tenth of a second on an empty pipe.
-wait_for() {
-    local deadline=$((SECONDS + $1)); shift
-    until "$@" >/dev/null 2>&1; do
-        ((SECONDS >= deadline)) && return 1
-        read -rt 0.1 <> <(:) || true
-    done
-}
+source "$(dirname "${BASH_SOURCE[0]}")/e2e-checks.sh"
 
 # start_tray_host: openbox, and trayer in the top-right corner; fails when
 # the tray never appears.

@@ -14,6 +14,7 @@
 
 #include <QQuickWindow>
 #include <QTemporaryDir>
+#include <functional>
 #include <memory>
 
 // A hot key backend that counts what it is asked and refuses what it is told to.
@@ -21,8 +22,15 @@ struct CountingHotKeys : HotKeyBackend {
     int registrations = 0;
     int withdrawals = 0;
     std::optional<KeyCombo> taken; // held by another program
+    QString note;                  // what a desktop that owns the keys says
+    std::function<void()> notesChanged;
 
     void installHandler(PressHandler) override {}
+    QString desktopNote(quint32) const override { return note; }
+    void installNotesHandler(const std::function<void()>& changed) override
+    {
+        notesChanged = changed;
+    }
     bool registerHotKey(quint32, const KeyCombo& combo) override
     {
         ++registrations;

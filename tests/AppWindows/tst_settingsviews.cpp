@@ -272,6 +272,20 @@ private slots:
                      ". Click to record a new one.");
     }
 
+    // Where the desktop owns the keys (Wayland) its word replaces the refusal.
+    void desktopNoteIsSaid()
+    {
+        registerHotKeys();
+        QQuickWindow* window = settings();
+        QQuickItem* line = item(window, "pickerHotKeyRefusal");
+        QVERIFY(!line->isVisible());
+        const QString note = u"Your desktop runs it with CTRL+ALT+i."_qs;
+        f->hotKeyBackend->note = note;
+        f->hotKeyBackend->notesChanged();
+        QCOMPARE(f->windows.settingsForm().pickerShortcut()->refusal(), note);
+        QTRY_VERIFY(line->isVisible());
+    }
+
     void launchAtLoginShowsTheRealState_data()
     {
         QTest::addColumn<bool>("refuses");

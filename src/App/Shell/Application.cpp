@@ -12,6 +12,7 @@
 #include "Picker/PickerModel.h"
 #include "Platform/HotKeyBackend.h"
 #include "Platform/HotKeyCenter.h"
+#include "Platform/StatusNotifier/StatusNotifierWatch.h"
 #include "StartupTrace.h"
 #include "State/Preferences.h"
 #include "State/SettingsStore.h"
@@ -73,6 +74,8 @@ void Application::start()
     StartupTrace::mark("appearance");
 
     m_clipboard = std::make_unique<QtClipboard>();
+    if (m_platform.session.clipboardNeedsFocus)
+        m_clipboard->useFocusCarrier();
     m_hud = std::make_unique<HUD>();
     m_copy = std::make_unique<CopyService>(*m_library, *m_user, *m_prefs, *m_clipboard, *m_hud,
                                            *m_platform.paster);
@@ -104,6 +107,15 @@ void Application::start()
     m_status->setTrayForeground([tray = m_platform.trayForeground, desktopText] {
         return (tray ? tray() : std::nullopt).value_or(desktopText);
     });
+    m_trayHosts = std::make_unique<StatusNotifierWatch>();
+    // Asked only once a tray may be there: asking Qt makes it choose the
+    // kind of tray for good.
+    const bool xembed = QGuiApplication::platformName() == u"xcb";
+    m_status->setTrayAvailable([this, xembed] {
+        return m_trayHosts->isPresent() || (xembed && QSystemTrayIcon::isSystemTrayAvailable());
+    });
+    connect(m_trayHosts.get(), &StatusNotifierWatch::presenceChanged, m_status.get(),
+            &StatusItemController::updateVisibility);
     m_status->setup();
     m_picker->setTrayIconGeometry([this] { return m_status->trayIconGeometry(); });
     StartupTrace::mark("tray icon set up");

@@ -19,6 +19,7 @@ class Preferences;
 class QtClipboard;
 class SettingsStore;
 class StatusItemController;
+class StatusNotifierWatch;
 class UpdateChecker;
 class UserLibrary;
 class WatchedFile;
@@ -78,6 +79,7 @@ private:
     std::unique_ptr<PickerModel> m_model;
     std::unique_ptr<PickerController> m_picker;
     std::unique_ptr<WindowManager> m_windows;
+    std::unique_ptr<StatusNotifierWatch> m_trayHosts;
     std::unique_ptr<StatusItemController> m_status;
     std::unique_ptr<UpdateChecker> m_updates;
     std::unique_ptr<WatchedFile> m_settingsFile;

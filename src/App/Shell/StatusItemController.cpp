@@ -28,16 +28,30 @@ StatusItemController::~StatusItemController() = default;
 
 void StatusItemController::setup()
 {
-    if (m_tray)
+    if (m_setUp)
         return;
-    m_tray = std::make_unique<QSystemTrayIcon>();
-    updateLook();
+    m_setUp = true;
     connect(&m_prefs, &Preferences::pickerHotKeyChanged, this, &StatusItemController::updateLook);
+    updateVisibility();
+}
+
+void StatusItemController::setTrayAvailable(std::function<bool()> available)
+{
+    m_trayAvailable = std::move(available);
+    updateVisibility();
+}
+
+void StatusItemController::createTray()
+{
+    // Made only once a tray is there: Qt chooses between a StatusNotifierItem
+    // and an XEmbed icon when the icon is made, and never again.
+    m_tray = std::make_unique<QSystemTrayIcon>();
+    m_iconColor = QColor();
+    updateLook();
     // Attached for good: trays that draw the menu themselves (StatusNotifier
     // hosts) need it, and on XEmbed trays Qt opens it on a right click.
     m_tray->setContextMenu(&m_menu);
     connect(m_tray.get(), &QSystemTrayIcon::activated, this, &StatusItemController::activated);
-    updateVisibility();
 }
 
 bool StatusItemController::isShown() const
@@ -47,7 +61,7 @@ bool StatusItemController::isShown() const
 
 void StatusItemController::updateVisibility()
 {
-    if (!m_tray)
+    if (!m_setUp)
         return;
     const bool wanted = m_prefs.showMenuBarIcon();
     if (wanted && !m_trayAvailable()) {
@@ -58,6 +72,10 @@ void StatusItemController::updateVisibility()
         return;
     }
     m_trayPoll.stop();
+    if (wanted && !m_tray)
+        createTray();
+    if (!m_tray)
+        return;
     if (wanted)
         updateLook(); // a tray that came late may want another colour
     m_tray->setVisible(wanted);

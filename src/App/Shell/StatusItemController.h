@@ -48,15 +48,13 @@ public:
                          Actions actions, QObject* parent = nullptr);
     ~StatusItemController() override;
 
-    // Creates the tray icon and shows it as the setting says.
+    // Shows the tray icon as the setting says, making it once a tray is there.
     void setup();
-    // Follows showMenuBarIcon and whether a tray is there.
+    // Follows showMenuBarIcon and whether a tray is there; also to be called
+    // when a tray host appears.
     void updateVisibility();
     // How to tell whether a tray is there; by default, ask Qt.
-    void setTrayAvailable(std::function<bool()> available)
-    {
-        m_trayAvailable = std::move(available);
-    }
+    void setTrayAvailable(std::function<bool()> available);
     bool isShown() const;
     // The colour the tray icon is drawn in, asked whenever the icon shows.
     void setTrayForeground(std::function<QColor()> foreground)
@@ -84,6 +82,7 @@ public:
 
 private:
     void activated(QSystemTrayIcon::ActivationReason reason);
+    void createTray();
     void pollForTray();
     void traceDocking();
     void updateLook();
@@ -100,6 +99,7 @@ private:
     QTimer m_trayPoll;
     std::function<bool()> m_trayAvailable = &QSystemTrayIcon::isSystemTrayAvailable;
     int m_polls = 0;
+    bool m_setUp = false;
     std::function<QColor()> m_foreground = [] { return QColor(Qt::black); };
     QColor m_iconColor;
 };

@@ -3,7 +3,9 @@
 #include "App/Instance/SingleInstance.h"
 #include "AppWindows/WindowManager.h"
 #include "Application.h"
+#include "Base/AppConfig.h"
 #include "Export/DragFolder.h"
+#include "Platform/PlatformBackends.h"
 #include "StartupTrace.h"
 
 #include <QApplication>
@@ -62,8 +64,16 @@ int runTray(int argc, char* argv[])
     // slower first frame. QT_QUICK_BACKEND still picks another.
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        const QByteArray platform = PlatformBackends::preferredQtPlatform(
+            qgetenv("XDG_SESSION_TYPE"), qgetenv("WAYLAND_DISPLAY"));
+        if (!platform.isEmpty())
+            qputenv("QT_QPA_PLATFORM", platform);
+    }
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    // The compositor's app id and the portal's: the desktop file's name.
+    QGuiApplication::setDesktopFileName(AppConfig::applicationId());
     StartupTrace::mark("application object");
 
     Application shell;

@@ -193,3 +193,23 @@ std::unique_ptr<KeyboardLayout> XkbKeyboardLayout::fromNames(const QString& layo
     names.variant = variant.isEmpty() ? nullptr : variantName.constData();
     return fromRuleNames(&names);
 }
+
+QString XkbKeyboardLayout::keysymName(quint32 virtualKeyCode)
+{
+    const auto keycode = VirtualKeys::xkbKeycode(virtualKeyCode);
+    if (!keycode)
+        return QString();
+    static const ContextPtr context = newContext();
+    static const KeymapPtr keymap(
+        context ? xkb_keymap_new_from_names(context.get(), nullptr, XKB_KEYMAP_COMPILE_NO_FLAGS)
+                : nullptr);
+    if (!keymap)
+        return QString();
+    const xkb_keysym_t* syms = nullptr;
+    if (xkb_keymap_key_get_syms_by_level(keymap.get(), *keycode, 0, 0, &syms) < 1)
+        return QString();
+    std::array<char, 64> name{};
+    if (xkb_keysym_get_name(syms[0], name.data(), name.size()) <= 0)
+        return QString();
+    return QString::fromLatin1(name.data());
+}

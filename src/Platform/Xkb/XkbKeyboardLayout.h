@@ -19,4 +19,9 @@ std::unique_ptr<KeyboardLayout> fromEnvironment();
 std::unique_ptr<KeyboardLayout> fromNames(const QString& layout,
                                           const QString& variant = QString());
 
+// The keysym name ("i", "Return", "F5") of the key at a virtual key code's
+// place in the environment's default keymap, with no modifier; empty for an
+// unknown key.
+QString keysymName(quint32 virtualKeyCode);
+
 } // namespace XkbKeyboardLayout
