@@ -138,7 +138,7 @@ private:
 
     // Bounded: the whole set's paths would hold megabytes, and one parses in
     // microseconds. An entry costs its element count.
-    static constexpr qsizetype pathCacheElements = 64 * 1024;
+    static constexpr qsizetype pathCacheElements = qsizetype{64} * 1024;
     mutable QMutex m_cacheLock;
     mutable QCache<QString, IconDrawing> m_pathCache{pathCacheElements};
 };
