@@ -44,8 +44,8 @@ def descendants(node):
         yield from descendants(child)
 
 
-def parse(spec):
-    role, _, rest = spec.partition(":")
+def parse(wanted):
+    role, _, rest = wanted.partition(":")
     name, _, description = rest.partition("@")
     return role, name, description
 
@@ -58,8 +58,8 @@ def matches(node, role, name, description):
         return False
 
 
-def find(title, spec):
-    role, name, description = parse(spec)
+def find(title, wanted):
+    role, name, description = parse(wanted)
     for window in windows(title):
         for node in descendants(window):
             if matches(node, role, name, description):
@@ -76,42 +76,42 @@ def waiting(probe):
         time.sleep(0.1)
 
 
-def require(title, spec):
-    node = waiting(lambda: find(title, spec))
+def require(title, wanted):
+    node = waiting(lambda: find(title, wanted))
     if node is None:
-        sys.exit(f"not found in {title}: {spec}")
+        sys.exit(f"not found in {title}: {wanted}")
     return node
 
 
-def missing(title, specs):
+def missing(title, wanted_all):
     def absent():
-        return [s for s in specs if find(title, s) is None]
+        return [s for s in wanted_all if find(title, s) is None]
     left = absent()
     if left:
         waiting(lambda: not absent())
         left = absent()
-    for spec in left:
-        print(spec)
+    for wanted in left:
+        print(wanted)
     return 1 if left else 0
 
 
-def do(title, spec, action_name):
-    action = require(title, spec).queryAction()
+def do(title, wanted, action_name):
+    action = require(title, wanted).queryAction()
     for i in range(action.nActions):
         if action.getName(i) == action_name:
             action.doAction(i)
             return 0
-    sys.exit(f"{spec} has no action {action_name}")
+    sys.exit(f"{wanted} has no action {action_name}")
 
 
-def center(title, spec):
-    box = require(title, spec).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+def center(title, wanted):
+    box = require(title, wanted).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     print(box.x + box.width // 2, box.y + box.height // 2)
     return 0
 
 
-def selected(title, spec):
-    ok = waiting(lambda: (n := find(title, spec)) is not None
+def selected(title, wanted):
+    ok = waiting(lambda: (n := find(title, wanted)) is not None
                  and n.getState().contains(pyatspi.STATE_SELECTED))
     return 0 if ok else 1
 
