@@ -75,9 +75,9 @@ ScrollView {
                 onActivated: index => view.choices.afterCopy = index
             }
             RowLayout {
-                objectName: "pasteUnavailable"
+                objectName: "pasteNote"
                 Layout.fillWidth: true
-                visible: !view.form.canPaste
+                visible: view.form.pasteNote.length > 0
                 spacing: 8
                 IconImage {
                     Layout.alignment: Qt.AlignTop
@@ -88,7 +88,9 @@ ScrollView {
                 Text {
                     Layout.fillWidth: true
                     wrapMode: Text.WordWrap
-                    text: "This desktop does not let Pictray type into other windows, so “Close and paste” only copies."
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                    text: view.form.pasteNote
                     color: Theme.textSecondary
                     font.pixelSize: Theme.smallFontSize
                 }

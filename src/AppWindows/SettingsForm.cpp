@@ -22,9 +22,13 @@ SettingsForm::SettingsForm(Preferences& prefs, IconLibrary& library,
     connect(&prefs, &Preferences::recentsLimitChanged, this, &SettingsForm::recentsLimitChanged);
     connect(&prefs, &Preferences::defaultSizeChanged, this, &SettingsForm::defaultSizeChanged);
     connect(&prefs, &Preferences::pngPaddingChanged, this, &SettingsForm::pngPaddingChanged);
+    m_paster.installNoteHandler([this] { emit pasteNoteChanged(); });
 }
 
-SettingsForm::~SettingsForm() = default;
+SettingsForm::~SettingsForm()
+{
+    m_paster.installNoteHandler({});
+}
 
 QString SettingsForm::showIconLabel() const
 {
@@ -46,9 +50,9 @@ QString SettingsForm::dragFeature() const
     return PlatformWords::text(PlatformWords::Text::dragFeature, m_rendition);
 }
 
-bool SettingsForm::canPaste() const
+QString SettingsForm::pasteNote() const
 {
-    return m_paster.isTrusted();
+    return m_paster.note();
 }
 
 QString SettingsForm::commitColorText(const QString& text)

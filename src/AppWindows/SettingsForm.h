@@ -31,7 +31,7 @@ class SettingsForm : public QObject {
     Q_PROPERTY(QString showIconCaption READ showIconCaption CONSTANT)
     Q_PROPERTY(QString dragFormatCaption READ dragFormatCaption CONSTANT)
     Q_PROPERTY(QString dragFeature READ dragFeature CONSTANT)
-    Q_PROPERTY(bool canPaste READ canPaste CONSTANT)
+    Q_PROPERTY(QString pasteNote READ pasteNote NOTIFY pasteNoteChanged)
     // The whole-number settings, as the int QML's controls take.
     Q_PROPERTY(int recentsLimit READ recentsLimit WRITE setRecentsLimit NOTIFY recentsLimitChanged)
     Q_PROPERTY(int defaultSize READ defaultSize WRITE setDefaultSize NOTIFY defaultSizeChanged)
@@ -52,8 +52,9 @@ public:
     QString showIconCaption() const;
     QString dragFormatCaption() const;
     QString dragFeature() const;
-    // Whether "Close and paste into front app" can paste here.
-    bool canPaste() const;
+    // Why "Close and paste into front app" only copies here, or what its
+    // first paste asks; empty when it just pastes.
+    QString pasteNote() const;
 
     // The default colour field's text, committed: "currentColor" in any
     // case, or a hexadecimal colour with or without "#", stored as "#rrggbb"
@@ -76,10 +77,11 @@ signals:
     void recentsLimitChanged();
     void defaultSizeChanged();
     void pngPaddingChanged();
+    void pasteNoteChanged();
 
 private:
     Preferences& m_prefs;
-    const Paster& m_paster;
+    Paster& m_paster;
     Rendition m_rendition;
     ChoiceSettings* m_choices;
     LibrarySettings* m_library;

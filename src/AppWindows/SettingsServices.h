@@ -13,5 +13,5 @@ struct SettingsServices {
     IconUpdater& updater;
     HotKeyCenter& hotKeys;
     LoginItem& loginItem;
-    const Paster& paster;
+    Paster& paster;
 };

@@ -5,7 +5,9 @@ import Pictray.Kit
 import Pictray.Windows
 
 // A global shortcut: its recorder, a button back to the default, and a line
-// when another program holds the combination.
+// when another program holds the combination. Where the desktop decides the
+// keys, its note stands in place of the recorder, with a button to the
+// desktop's own shortcut settings when it has them.
 ColumnLayout {
     id: row
     required property ShortcutSetting setting
@@ -27,6 +29,7 @@ ColumnLayout {
         }
         ShortcutRecorder {
             objectName: row.objectName + "Recorder"
+            visible: !row.setting.desktopOwned
             Layout.alignment: Qt.AlignVCenter
             prominent: row.prominent
             keyCaps: row.setting.keyCaps
@@ -40,19 +43,32 @@ ColumnLayout {
         }
         AccessibleButton {
             objectName: row.objectName + "Reset"
-            visible: row.showsReset
+            visible: row.showsReset && !row.setting.desktopOwned
             text: "Reset"
             Accessible.name: text
             Accessible.description: "Restores the default shortcut to " + row.label
             onClicked: row.setting.resetToDefault()
         }
+        AccessibleButton {
+            objectName: row.objectName + "DesktopSettings"
+            visible: row.setting.canOpenDesktopSettings
+            text: "Change…"
+            Accessible.name: text
+            Accessible.description: "Opens the desktop's shortcut settings for " + row.label
+            onClicked: row.setting.openDesktopSettings()
+        }
     }
     Text {
         objectName: row.objectName + "Refusal"
-        Layout.alignment: Qt.AlignRight
+        Layout.alignment: row.setting.desktopOwned ? Qt.AlignLeft : Qt.AlignRight
+        Layout.fillWidth: row.setting.desktopOwned
         visible: text.length > 0
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: !visible
+        wrapMode: Text.WordWrap
         text: row.setting.refusal
-        color: Theme.favorite
+        color: row.setting.desktopOwned ? Theme.textSecondary : Theme.favorite
         font.pixelSize: Theme.smallFontSize
     }
 }

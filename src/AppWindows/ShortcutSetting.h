@@ -22,6 +22,9 @@ class ShortcutSetting : public QObject {
     Q_PROPERTY(bool recording READ isRecording NOTIFY recordingChanged)
     Q_PROPERTY(QString accessibleName READ accessibleName NOTIFY comboChanged)
     Q_PROPERTY(QString refusal READ refusal NOTIFY refusalChanged)
+    // The desktop decides the keys: its note stands in place of the recorder.
+    Q_PROPERTY(bool desktopOwned READ desktopOwned CONSTANT)
+    Q_PROPERTY(bool canOpenDesktopSettings READ canOpenDesktopSettings NOTIFY refusalChanged)
 
 public:
     ShortcutSetting(Preferences& prefs, HotKeyCenter& hotKeys, HotKeyCenter::ID id,
@@ -39,6 +42,9 @@ public:
     // or how to bind the command); else set while the system refuses the
     // shortcut because another program holds it.
     QString refusal() const;
+    bool desktopOwned() const { return m_hotKeys.desktopOwnsKeys(); }
+    bool canOpenDesktopSettings() const { return m_hotKeys.canConfigureOnDesktop(); }
+    Q_INVOKABLE void openDesktopSettings() { m_hotKeys.configureOnDesktop(); }
 
     Q_INVOKABLE void toggleRecording();
     Q_INVOKABLE void stopRecording();

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QString>
+#include <functional>
 
 // The places a copy reaches beyond the program, each behind a small interface
 // so the copy service stays free of windows and can be tested with fakes.
@@ -33,4 +34,15 @@ public:
     // False where synthetic key presses cannot be sent (no XTest, Wayland).
     virtual bool isTrusted() const = 0;
     virtual void paste() = 0;
+
+    // The line the settings show under "After copying": why nothing is
+    // pasted, or what the first paste will ask; empty when pasting just works.
+    virtual QString note() const
+    {
+        return isTrusted() ? QString()
+                           : QStringLiteral("This desktop does not let Pictray type into other "
+                                            "windows, so \u201CClose and paste\u201D only copies.");
+    }
+    // Called whenever note() changes.
+    virtual void installNoteHandler(const std::function<void()>& /*changed*/) {}
 };

@@ -26,4 +26,11 @@ public:
     virtual QString desktopNote(quint32 /*number*/) const { return QString(); }
     // Called whenever the notes change; once, before the first registration.
     virtual void installNotesHandler(const std::function<void()>& /*changed*/) {}
+    // Whether the desktop decides the keys, so that recording one in Pictray
+    // would change nothing.
+    virtual bool desktopOwnsKeys() const { return false; }
+    // Whether the desktop offers its own dialog for Pictray's shortcuts, and
+    // opening it.
+    virtual bool canConfigureOnDesktop() const { return false; }
+    virtual void configureOnDesktop() {}
 };

@@ -69,6 +69,21 @@ QString HotKeyCenter::desktopNote(ID id) const
     return m_backend->desktopNote(quint32(id));
 }
 
+bool HotKeyCenter::desktopOwnsKeys() const
+{
+    return m_backend->desktopOwnsKeys();
+}
+
+bool HotKeyCenter::canConfigureOnDesktop() const
+{
+    return m_backend->canConfigureOnDesktop();
+}
+
+void HotKeyCenter::configureOnDesktop()
+{
+    m_backend->configureOnDesktop();
+}
+
 void HotKeyCenter::installHandler()
 {
     if (m_handlerInstalled)

@@ -41,6 +41,10 @@ public:
     bool isRefused(ID id) const;
     // Where the desktop owns the keys: what it says about id (the backend's note).
     QString desktopNote(ID id) const;
+    bool desktopOwnsKeys() const;
+    bool canConfigureOnDesktop() const;
+    // Opens the desktop's own settings of Pictray's shortcuts.
+    void configureOnDesktop();
 
 signals:
     // After a registration, a suspension or a resumption, and when the

@@ -5,6 +5,7 @@
 #include "Null/NullLoginItem.h"
 #include "Null/NullPaster.h"
 #include "Portal/PortalHotKeyBackend.h"
+#include "Portal/PortalPaster.h"
 #include "X11/X11HotKeyBackend.h"
 #include "X11/X11Paster.h"
 #include "X11/X11TrayColors.h"
@@ -32,8 +33,9 @@ PlatformBackends forX11()
 }
 
 // No key grabs, window placement or synthetic input: the desktop portal
-// binds the shortcuts, the compositor places the panel.
-PlatformBackends forWayland()
+// binds the shortcuts and sends the paste keystroke, the compositor places
+// the panel.
+PlatformBackends forWayland(SettingsStore* store)
 {
     PlatformBackends backends = PlatformBackends::null();
     using ID = HotKeyCenter::ID;
@@ -48,6 +50,8 @@ PlatformBackends forWayland()
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (PortalHotKeyBackend::isOffered(bus)) {
         backends.hotKeys = std::make_unique<PortalHotKeyBackend>(bus, std::move(shortcuts));
+        if (store)
+            backends.paster = std::make_unique<PortalPaster>(bus, *store);
     } else {
         std::map<quint32, QString> notes;
         for (const auto& [number, shortcut] : shortcuts)
@@ -68,12 +72,12 @@ PlatformBackends::PlatformBackends(PlatformBackends&&) noexcept = default;
 PlatformBackends& PlatformBackends::operator=(PlatformBackends&&) noexcept = default;
 PlatformBackends::~PlatformBackends() = default;
 
-PlatformBackends PlatformBackends::forPlatform(const QString& platformName)
+PlatformBackends PlatformBackends::forPlatform(const QString& platformName, SettingsStore* store)
 {
     if (platformName == u"xcb")
         return forX11();
     if (platformName.startsWith(u"wayland"))
-        return forWayland();
+        return forWayland(store);
     PlatformBackends backends = null();
     backends.keyboardLayout = XkbKeyboardLayout::fromEnvironment();
     return backends;

@@ -12,6 +12,7 @@ class HotKeyBackend;
 class KeyboardLayout;
 class LoginItem;
 class Paster;
+class SettingsStore;
 
 // The platform's side of every concern that differs between windowing
 // systems, chosen once at start-up from the Qt platform the program runs on.
@@ -33,10 +34,12 @@ struct PlatformBackends {
     // "xcb": X11 grabs, XTest paste, the server's keyboard layout, a panel
     // placed by the program under the tray icon. Any other platform: no
     // global grabs, no paste, the environment's keymap, a centred panel.
-    // "wayland": shortcuts through the desktop portal where the session bus
-    // offers it, copies from a focused surface. X11 and Wayland sessions
-    // start programs from XDG autostart entries.
-    static PlatformBackends forPlatform(const QString& platformName);
+    // "wayland": shortcuts and the paste keystroke through the desktop portal
+    // where the session bus offers it, copies from a focused surface. X11 and
+    // Wayland sessions start programs from XDG autostart entries. `store`
+    // keeps what a backend must remember across starts (the portal's consent).
+    static PlatformBackends forPlatform(const QString& platformName,
+                                        SettingsStore* store = nullptr);
     // The Qt platform to ask for in a session of this XDG_SESSION_TYPE and
     // WAYLAND_DISPLAY: Wayland's own in a Wayland session, since XWayland's
     // key grabs and clipboard reach only X11 windows; empty leaves Qt's choice.

@@ -55,7 +55,7 @@ private slots:
         for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
             qputenv(name, (folder + u'/' + QString::fromLatin1(name)).toLocal8Bit());
         grabbed.clear();
-        app = std::make_unique<Application>([this] {
+        app = std::make_unique<Application>([this](SettingsStore&) {
             PlatformBackends backends = PlatformBackends::null();
             backends.hotKeys = std::make_unique<GrabbedKeys>(grabbed);
             backends.trayForeground = [this] { return trayColor; };

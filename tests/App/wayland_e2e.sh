@@ -2,16 +2,18 @@
 # The tray application end to end in a Wayland session: headless sway, a
 # private session bus with stand-ins for the desktop portal and a
 # StatusNotifierWatcher (wayland_fakes.py), keys typed with wtype, the
-# clipboard read with wl-paste, screenshots taken with grim.
+# clipboard read with wl-paste, screenshots taken with grim, the settings
+# window read through the accessibility bus.
 #
-#   wayland_e2e.sh PICTRAY [SCREENSHOT_DIR]
+#   wayland_e2e.sh PICTRAY AT_SPI_BUS_LAUNCHER [SCREENSHOT_DIR]
 #
 # Started as root (as CI runs), it runs itself as the unprivileged user
 # `nobody`: sway refuses root, and the runtime folder must be the user's.
 
 set -u
 PICTRAY=$1
-SHOTS=${2:-}
+ATSPI_BUS_LAUNCHER=$2
+SHOTS=${3:-}
 here=$(cd "$(dirname "$0")" && pwd)
 
 if [ -z "${PICTRAY_WAYLAND_WORK:-}" ]; then
@@ -27,7 +29,8 @@ if [ -z "${PICTRAY_WAYLAND_WORK:-}" ]; then
         as_user=(setpriv --reuid=nobody --regid=nogroup --clear-groups --reset-env --)
     fi
     "${as_user[@]}" env PICTRAY_WAYLAND_WORK="$work" PATH="/usr/bin:/bin:/usr/sbin" \
-        dbus-run-session -- bash "$here/wayland_e2e.sh" "$work/bin/pictray" "$work/shots"
+        dbus-run-session -- bash "$here/wayland_e2e.sh" "$work/bin/pictray" "$ATSPI_BUS_LAUNCHER" \
+        "$work/shots"
     status=$?
     if [ -n "$SHOTS" ] && compgen -G "$work/shots/*.png" >/dev/null; then
         mkdir -p "$SHOTS" && cp "$work"/shots/*.png "$SHOTS/"
@@ -80,8 +83,13 @@ watcher_log=$work/watcher.log
 /usr/bin/python3 "$here/wayland_fakes.py" portal "$portal_log" &
 pids+=($!)
 wait_for 15 grep -q ready "$portal_log" || { echo "the fake portal did not start"; exit 1; }
+export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+"$ATSPI_BUS_LAUNCHER" --launch-immediately >"$work/atspi.log" 2>&1 &
+pids+=($!)
+atspi() { /usr/bin/python3 "$here/atspi.py" "$@"; }
 
 clipboard() { wl-paste --no-newline 2>/dev/null; }
+clipboard_is() { [ "$(clipboard)" = "$1" ]; }
 clear_clipboard() { printf 'cleared' | wl-copy; }
 trigger() { dbus-send --session --type=method_call --dest=org.freedesktop.portal.Desktop /org/freedesktop/portal/desktop app.pictray.Test.Trigger "string:$1"; }
 binds() { grep -c '^BindShortcuts' "$portal_log"; }
@@ -158,19 +166,17 @@ if [ -n "$SHOTS" ] && wait_for 15 drawn_anew; then
 fi
 check "typing keeps the panel open" wait_for 0 panel_node
 wtype -k Return
-check "Return copies what export prints" wait_for 15 bash -c "[ \"\$(wl-paste --no-newline)\" = '$(printf %s "$expected" | sed "s/'/'\\\\''/g")' ]"
+check "Return copies what export prints" wait_for 15 clipboard_is "$expected"
 
 clear_clipboard
 trigger copyLast
-check "Activated(copyLast) copies the last icon again" \
-    wait_for 15 bash -c "[ \"\$(wl-paste --no-newline)\" != cleared ]"
-check "... exactly" test "$(clipboard)" = "$expected"
+# A copy clears the clipboard first: wait for the whole text.
+check "Activated(copyLast) copies the last icon again, exactly" wait_for 15 clipboard_is "$expected"
 
 clear_clipboard
 check "pictray copy-last is answered" "$PICTRAY" copy-last
-check "pictray copy-last puts the last icon on the clipboard" \
-    wait_for 15 bash -c "[ \"\$(wl-paste --no-newline)\" != cleared ]"
-check "... exactly" test "$(clipboard)" = "$expected"
+check "pictray copy-last puts the last icon on the clipboard, exactly" \
+    wait_for 15 clipboard_is "$expected"
 
 # A PNG copy: Ctrl+2 copies at 2x, 48 pixels for the default 24.
 wait_for 15 no_panel
@@ -183,6 +189,27 @@ wait_for 15 bash -c "wl-paste --list-types | grep -qx image/png"
 wl-paste --type image/png >"$work/copy.png" 2>/dev/null
 size=$(/usr/bin/python3 -c 'import struct,sys; d=open(sys.argv[1],"rb").read(24); print(*struct.unpack(">II", d[16:24])) if d[:8]==b"\x89PNG\r\n\x1a\n" else print("none")' "$work/copy.png")
 check "a PNG copy has its exact size (got $size)" test "$size" = "48 48"
+
+# Close and paste: the portal lends a keyboard once the user agrees, and
+# Ctrl+V goes to the window the panel gave the keyboard back to.
+"$PICTRAY" prefs set afterCopy closeAndPaste >/dev/null
+ctrl_v='Keysym 65507 1 Keysym 118 1 Keysym 118 0 Keysym 65507 0 '
+count() { grep -c "^$1" "$portal_log"; }
+copy_and_paste() {
+    wait_for 15 no_panel
+    trigger picker
+    wait_for 30 panel_node && wait_for 15 panel_focused
+    wtype "$1"
+    wtype -k Return
+}
+copy_and_paste heart
+check "the first paste asks for a lasting consent" \
+    wait_for 15 grep -q '^SelectDevices types=1 persist=2 token=-$' "$portal_log"
+keysyms_are() { [ "$(grep '^Keysym' "$portal_log" | tr '\n' ' ')" = "$1" ]; }
+check "... and sends Ctrl+V once it is given" wait_for 15 keysyms_are "$ctrl_v"
+copy_and_paste rocket
+check "a second paste reuses the session" wait_for 15 keysyms_are "$ctrl_v$ctrl_v"
+check "... without asking again" test "$(count 'Start')" = 1
 
 # The tray icon's Activate toggles the picker.
 wait_for 15 no_panel
@@ -198,6 +225,37 @@ wait "$tray_pid" 2>/dev/null
 check "a second start" start_pictray
 check "it lists again" wait_for 30 bash -c "[ \$(grep -c '^ListShortcuts' '$portal_log') -ge 2 ]"
 check "the portal saw one BindShortcuts over two starts" test "$(binds)" = 1
+
+copy_and_paste heart
+check "after a restart the kept token restores the consent" \
+    wait_for 15 grep -q '^Start restored$' "$portal_log"
+check "... so the user was asked once in all" test "$(count 'Start asked')" = 1
+check "... and the paste goes through" wait_for 15 keysyms_are "$ctrl_v$ctrl_v$ctrl_v"
+
+# The user ends the session and refuses the next: copies go on, and
+# Pictray stops asking.
+dbus-send --session --type=method_call --dest=org.freedesktop.portal.Desktop /org/freedesktop/portal/desktop app.pictray.Test.Refuse
+clear_clipboard
+copy_and_paste rocket
+check "a refused consent" wait_for 15 grep -q '^Start refused$' "$portal_log"
+check "... still copies" wait_for 15 clipboard_is "$("$PICTRAY" export rocket)"
+copy_and_paste heart
+wait_for 15 no_panel
+check "... and is not asked again" test "$(count 'Start')" = 3
+check "... nor pasted" test "$(count 'Keysym')" = 12
+
+# The settings: the desktop's keys in place of the recorders, its own
+# shortcut dialog a button away, and why nothing is pasted.
+"$PICTRAY"
+check "the settings window opens" atspi missing General \
+    "label:Your desktop runs it with CTRL+ALT+i; change it in the desktop's keyboard settings."
+[ -n "$SHOTS" ] && grim "$SHOTS/wayland-settings.png"
+no_recorder() { ! atspi missing General 'push button:Shortcut: Control Alt I. Click to record a new one.@Open picker' >/dev/null; }
+check "... without a recorder" no_recorder
+check "... says why nothing is pasted" atspi missing General \
+    "label:You did not let Pictray type into other windows, so “Close and paste” only copies. Pictray asks again when it restarts."
+atspi do General "push button:Change…@Opens the desktop's shortcut settings for Open picker" Press
+check "Change… opens the desktop's shortcut settings" wait_for 15 grep -q '^ConfigureShortcuts$' "$portal_log"
 
 if ((failures > 0)); then
     echo "--- pictray log"; cat "$work/pictray.log"

@@ -35,8 +35,8 @@ Application::Application(Backends backends, QObject* parent)
     : QObject(parent), m_makeBackends(std::move(backends))
 {
     if (!m_makeBackends)
-        m_makeBackends = [] {
-            return PlatformBackends::forPlatform(QGuiApplication::platformName());
+        m_makeBackends = [](SettingsStore& store) {
+            return PlatformBackends::forPlatform(QGuiApplication::platformName(), &store);
         };
 }
 
@@ -46,10 +46,10 @@ Application::~Application() = default;
 
 void Application::start()
 {
-    m_platform = m_makeBackends();
+    m_store = std::make_unique<SettingsStore>(SettingsStore::defaultPath());
+    m_platform = m_makeBackends(*m_store);
     KeyboardLayout::setCurrent(m_platform.keyboardLayout);
 
-    m_store = std::make_unique<SettingsStore>(SettingsStore::defaultPath());
     m_prefs = std::make_unique<Preferences>(*m_store);
     StartupTrace::mark("preferences");
 

@@ -32,13 +32,13 @@ class Application : public QObject {
     Q_OBJECT
 
 public:
-    // Makes the platform's backends at start-up; by default those of the Qt
-    // platform the program runs on.
-    using Backends = std::function<PlatformBackends()>;
+    // Makes the platform's backends at start-up, given the settings store;
+    // by default those of the Qt platform the program runs on.
+    using Backends = std::function<PlatformBackends(SettingsStore&)>;
     explicit Application(Backends backends = {}, QObject* parent = nullptr);
     ~Application() override;
 
-    // In this order: settings, catalogue, appearance, tray icon, global
+    // In this order: settings, platform backends, catalogue, appearance, tray icon, global
     // shortcuts, update checker, reactions to setting changes, and the
     // first-run window when onboarding was never finished.
     void start();
@@ -66,8 +66,8 @@ private:
     void followOutsideChanges();
 
     Backends m_makeBackends;
-    PlatformBackends m_platform;
     std::unique_ptr<SettingsStore> m_store;
+    PlatformBackends m_platform;
     std::unique_ptr<Preferences> m_prefs;
     std::unique_ptr<IconLibrary> m_library;
     std::unique_ptr<UserLibrary> m_user;

@@ -19,6 +19,8 @@ public:
         const auto found = m_notes.find(number);
         return found == m_notes.end() ? QString() : found->second;
     }
+    // Notes are given where the desktop binds commands instead.
+    bool desktopOwnsKeys() const override { return !m_notes.empty(); }
 
 private:
     std::map<quint32, QString> m_notes;

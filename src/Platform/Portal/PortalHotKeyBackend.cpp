@@ -124,11 +124,7 @@ void PortalHotKeyBackend::startSession()
     PortalRequest::call(
         m_bus, interface(), QStringLiteral("CreateSession"), {options}, this,
         [this](uint response, const QVariantMap& results) {
-            const QVariant handle = results.value(QStringLiteral("session_handle"));
-            // A string by the interface's description; some portals send a path.
-            m_session = handle.canConvert<QDBusObjectPath>()
-                            ? handle.value<QDBusObjectPath>().path()
-                            : handle.toString();
+            m_session = PortalRequest::sessionHandle(results);
             if (response != granted || m_session.isEmpty()) {
                 unavailable();
                 return;
@@ -140,7 +136,33 @@ void PortalHotKeyBackend::startSession()
             m_bus.connect(service, path, interface(), QStringLiteral("ShortcutsChanged"), this,
                           SLOT(shortcutsChanged(QDBusObjectPath, PortalShortcuts)));
             listShortcuts();
+            readVersion();
         });
+}
+
+void PortalHotKeyBackend::readVersion()
+{
+    PortalRequest::readProperty(m_bus, interface(), QStringLiteral("version"), this,
+                                [this](const QVariant& version) {
+                                    m_version = version.toUInt();
+                                    if (m_notesChanged)
+                                        m_notesChanged();
+                                });
+}
+
+bool PortalHotKeyBackend::canConfigureOnDesktop() const
+{
+    return m_available && !m_session.isEmpty() && m_version >= 2;
+}
+
+void PortalHotKeyBackend::configureOnDesktop()
+{
+    if (!canConfigureOnDesktop())
+        return;
+    // Answered by the desktop's own window, not by a Request.
+    m_bus.asyncCall(PortalRequest::directCall(
+        interface(), QStringLiteral("ConfigureShortcuts"),
+        {QVariant::fromValue(QDBusObjectPath(m_session)), QString(), QVariantMap()}));
 }
 
 void PortalHotKeyBackend::listShortcuts()

@@ -48,6 +48,10 @@ public:
     static QString bindCommandNote(const QString& command);
     // False once the portal turned out to lack global shortcuts.
     bool isAvailable() const { return m_available; }
+    bool desktopOwnsKeys() const override { return true; }
+    // The desktop's dialog came with the second version of the interface.
+    bool canConfigureOnDesktop() const override;
+    void configureOnDesktop() override;
 
 private slots:
     void activated(const QDBusObjectPath& session, const QString& id, qulonglong timestamp,
@@ -60,6 +64,7 @@ private:
     void bindMissing(const PortalShortcuts& listed);
     void takeTriggers(const PortalShortcuts& shortcuts);
     void unavailable();
+    void readVersion();
     QString interface() const;
 
     QDBusConnection m_bus;
@@ -72,4 +77,5 @@ private:
     QString m_session;
     bool m_started = false;
     bool m_available = true;
+    uint m_version = 0;
 };

@@ -27,6 +27,7 @@ Rectangle {
     border.color: recording || activeFocus ? Theme.accent : Theme.fieldBorder
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
+    Accessible.ignored: !visible
     Accessible.name: recording ? "Press shortcut…" : accessibleName
     Accessible.description: accessibleDescription
     Accessible.onPressAction: recorder.toggled()
