@@ -64,12 +64,8 @@ private slots:
         QTest::addColumn<int>("pixels"); // 0: text
         QTest::addColumn<QString>("message");
         QTest::newRow("svg") << ExportFormat::svg << ReactLanguage::tsx << 0 << u"Raw SVG"_qs;
-        QTest::newRow("tsx") << ExportFormat::jsx << ReactLanguage::tsx << 0 << u"React / TSX"_qs;
         QTest::newRow("jsx") << ExportFormat::jsx << ReactLanguage::jsx << 0 << u"React / JSX"_qs;
-        QTest::newRow("dataURI") << ExportFormat::dataURI << ReactLanguage::tsx << 0
-                                 << u"Data URI"_qs;
         QTest::newRow("png1") << ExportFormat::png1 << ReactLanguage::tsx << 24 << u"PNG @1x"_qs;
-        QTest::newRow("png2") << ExportFormat::png2 << ReactLanguage::tsx << 48 << u"PNG @2x"_qs;
         QTest::newRow("png3") << ExportFormat::png3 << ReactLanguage::tsx << 72 << u"PNG @3x"_qs;
     }
     void copyFillsTheClipboardRecordsAndSaysSo()
