@@ -89,11 +89,9 @@ private slots:
     {
         QTest::addColumn<QStringList>("args");
         QTest::newRow("unknown command") << QStringList{"frobnicate"};
-        QTest::newRow("unknown flag") << QStringList{"--frobnicate"};
         QTest::newRow("unknown option") << QStringList{"search", "--colour", "x"};
         QTest::newRow("bad style") << QStringList{"search", "--style", "bold", "x"};
-        QTest::newRow("bad limit") << QStringList{"near", "--limit", "many", "x"};
-        QTest::newRow("catalogue without build") << QStringList{"catalogue", "-o", "x"};
+        QTest::newRow("unknown tab") << QStringList{"show", "--tab", "nowhere"};
     }
     void usageErrors()
     {
