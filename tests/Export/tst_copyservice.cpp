@@ -117,16 +117,10 @@ private slots:
                                         u"#123456"_qs, 40, 1.25}));
     }
 
-    void copyLastAgain()
+    // Copying the last icon again is tray_e2e's; an icon a newer set lacks is not copied.
+    void copyLastAgainNeedsTheIcon()
     {
-        QVERIFY(!f->copy->copyLastAgain());
         QVERIFY(f->copy->copy(item(u"plus"_qs), ExportFormat::blade));
-        const std::optional<QString> text = fake->text;
-        *fake = {};
-        QVERIFY(f->copy->copyLastAgain());
-        QCOMPARE(fake->text, text);
-        QCOMPARE(fake->messages, 1);
-
         f->load({{u"home"_qs, u"B"_qs, {}, line, line}}); // a newer set without plus
         *fake = {};
         QVERIFY(!f->copy->copyLastAgain());

@@ -100,23 +100,9 @@ const QString jsx = uR"(export function Plus(props) {
   );
 })"_s;
 
-const QString vueTemplate = uR"(<template>
-  <svg
-    xmlns="http://www.w3.org/2000/svg"
-    width="24"
-    height="24"
-    viewBox="0 0 24 24"
-    fill="none"
-    stroke="currentColor"
-    stroke-width="2"
-    stroke-linecap="round"
-    stroke-linejoin="round"
-  >
-    <path stroke="none" d="M0 0h24v24H0z" fill="none" />
-    <path d="M12 5v14" />
-    <path d="M5 12h14" />
-  </svg>
-</template>)"_s;
+// The SVG two spaces in, each line.
+const QString vueTemplate =
+    u"<template>\n  "_s + QString(multiLineSvg).replace(u"\n"_s, u"\n  "_s) + u"\n</template>"_s;
 
 const QString dataURI =
     uR"(data:image/svg+xml,%3Csvg%20xmlns=%22http://www.w3.org/2000/svg%22%20width=%2224%22%20height=%2224%22%20viewBox=%220%200%2024%2024%22%20fill=%22none%22%20stroke=%22currentColor%22%20stroke-width=%222%22%20stroke-linecap=%22round%22%20stroke-linejoin=%22round%22%3E%3Cpath%20d=%22M12%205v14M5%2012h14%22/%3E%3C/svg%3E)"_s;
