@@ -365,8 +365,6 @@ private slots:
         QQuickItem* list = item(u"chipsList"_qs);
         QVERIFY(list && list->isVisible());
         QCOMPARE(list->property("count").toInt(), f->model->tabs().size());
-        QCOMPARE(text(u"chipText0"_qs), u"All"_qs);
-        QCOMPARE(text(u"chipText1"_qs), u"Favorites"_qs);
         QCOMPARE(text(u"chipText2"_qs), u"Recents"_qs);
         QCOMPARE(text(u"chipText3"_qs), f->library->categories().constFirst());
 
