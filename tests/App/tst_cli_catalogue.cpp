@@ -114,20 +114,16 @@ private slots:
         writeFile(package + "/tabler-nodes-filled.json", R"({"b":[["path",{"d":"M2 2"}]]})");
         const QString out = pictray.dataDir() + "/out.json";
 
+        // What the conversion writes, byte for byte, is tst_packageconverter's.
         auto result = pictray.run({"catalogue", "build", "--from", package, "-o", out});
         QCOMPARE(result.exitCode, 0);
-        QFile file(out);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(),
-                 QByteArray(R"({"version":"3.60.1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"]},)"
-                            R"({"n":"b","c":"C","t":["t","4.0"],"o":[],"f":["M2 2"]}]})"));
-
+        auto file = CatalogueCodec::decode(TestData::readFile(out));
+        QVERIFY(file && file->icons.size() == 2);
+        QCOMPARE(file->version, QStringLiteral("3.60.1"));
         result =
             pictray.run({"catalogue", "build", "--from", package, "--version", "1.2", "-o", out});
         QCOMPARE(result.exitCode, 0);
-        file.close();
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(CatalogueCodec::decode(file.readAll())->version, QStringLiteral("1.2"));
+        QCOMPARE(CatalogueCodec::decode(TestData::readFile(out))->version, QStringLiteral("1.2"));
 
         QFile::remove(package + "/tabler-nodes-filled.json");
         result = pictray.run({"catalogue", "build", "--from", package, "-o", out});
