@@ -84,20 +84,6 @@ private slots:
         QVERIFY(app->statusItem().isShown());
     }
 
-    // Qt picks the kind of tray once, when the icon is made: not before a
-    // tray is there.
-    void trayIconIsMadeOnceATrayIsThere()
-    {
-        StatusItemController& status = app->statusItem();
-        bool there = false;
-        status.setTrayAvailable([&there] { return there; });
-        QVERIFY(!status.trayIcon());
-        there = true;
-        status.updateVisibility();
-        QVERIFY(status.trayIcon());
-        QVERIFY(status.isShown());
-    }
-
     void trayIconTakesTheTrayColourAndNamesTheShortcut()
     {
         StatusItemController& status = app->statusItem();
