@@ -177,36 +177,6 @@ private slots:
             QVERIFY2(error->contains(key), qPrintable(*error));
     }
 
-    void overrideForThisRunWritesNothing()
-    {
-        auto store = files.fresh();
-        Preferences preferences(*store);
-        QSignalSpy spy(&preferences, &Preferences::defaultColorChanged);
-        QCOMPARE(preferences.setValueText(u"defaultColor"_qs, u"#ff0000"_qs,
-                                          Preferences::Scope::thisRunOnly),
-                 std::nullopt);
-        QCOMPARE(preferences.defaultColor(), u"#ff0000"_qs);
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(!store->contains(u"defaultColor"_qs));
-        preferences.setDefaultSize(16);
-        QVERIFY(store->contains(u"defaultSize"_qs));
-    }
-
-    void resetBringsBackTheDefault()
-    {
-        auto store = files.fresh();
-        Preferences preferences(*store);
-        preferences.setPickerHotKey(std::nullopt);
-        preferences.setRecentsLimit(3);
-        QSignalSpy spy(&preferences, &Preferences::pickerHotKeyChanged);
-        preferences.reset(u"pickerHotKey"_qs);
-        preferences.reset(u"recentsLimit"_qs);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(preferences.pickerHotKey(), Preferences::defaultPickerHotKey);
-        QCOMPARE(preferences.recentsLimit(), 24);
-        QVERIFY(store->userKeys().isEmpty());
-    }
-
     // Another process's change reaches the running program's properties: each
     // changed value signals once, an unchanged one not at all, and nothing is
     // written back.
