@@ -411,20 +411,6 @@ private slots:
             thread.join();
         QCOMPARE(mismatches.load(), 0);
     }
-
-    void groupsThousands_data()
-    {
-        QTest::addColumn<qint64>("value");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("small") << qint64(999) << "999";
-        QTest::newRow("thousands") << qint64(5233) << "5,233";
-        QTest::newRow("millions") << qint64(1234567) << "1,234,567";
-    }
-    void groupsThousands()
-    {
-        QFETCH(qint64, value);
-        QTEST(IconLibrary::number(value), "text");
-    }
 };
 
 QTEST_GUILESS_MAIN(TestIconLibrary)
