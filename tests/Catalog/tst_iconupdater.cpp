@@ -95,10 +95,9 @@ private slots:
 
         QCOMPARE(m_library->version(), QStringLiteral("3.10.0"));
         QCOMPARE(m_library->iconCount(), 2);
-        const Icon home = m_library->icon(u"home");
-        QCOMPARE(home.tags(), (QStringList{"house", "2.0"}));
-        QVERIFY(!home.has(IconStyle::filled));
-        QCOMPARE(m_library->icon(u"star").outline()->size(), 1); // the circle is dropped
+        // How metadata and nodes convert is tst_packageconverter's; each file is read as its style.
+        QVERIFY(!m_library->icon(u"home").has(IconStyle::filled));
+        QVERIFY(m_library->icon(u"star").has(IconStyle::filled));
         QVERIFY(TestData::readFile(downloaded()).startsWith(R"({"version":"3.10.0","icons":[)"));
     }
 
