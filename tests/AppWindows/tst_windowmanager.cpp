@@ -136,13 +136,11 @@ private slots:
         windows->applyAppearance();
         QVERIFY(windows->appearance().dark());
         QCOMPARE(settings->color(), QColor("#1E1F22"));
-        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 128);
 
         prefs->setAppearance(AppearanceMode::light);
         windows->applyAppearance();
         QVERIFY(!windows->appearance().dark());
         QCOMPARE(settings->color(), QColor("#F5F5F7"));
-        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 128);
     }
 
     // Closed without finishing, onboarding comes again at the next start and
