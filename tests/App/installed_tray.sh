@@ -12,6 +12,7 @@ source "$(dirname "$0")/x11-session.sh"
 
 docked() { xwininfo -root -tree | grep -q '("pictray" "Pictray")'; }
 picker_shown() { [ -n "$(xdotool search --onlyvisible --name '^Pictray$')" ]; }
+shows_picker() { wait_for 10 "$PICTRAY" show && wait_for 10 picker_shown; }
 
 start_tray_host || { echo "FAIL: no tray host"; exit 1; }
 
@@ -19,15 +20,10 @@ start_tray_host || { echo "FAIL: no tray host"; exit 1; }
 "$PICTRAY" >"$work/pictray.log" 2>&1 &
 pids+=($!)
 
-status=0
-if wait_for 20 docked; then echo "PASS: the tray icon docks"; else echo "FAIL: the tray icon docks"; status=1; fi
-if wait_for 10 "$PICTRAY" show && wait_for 10 picker_shown; then
-    echo "PASS: pictray show opens the picker"
-else
-    echo "FAIL: pictray show opens the picker"; status=1
-fi
+check "the tray icon docks" wait_for 20 docked
+check "pictray show opens the picker" shows_picker
 if grep -Ei 'qml|cannot load|not installed' "$work/pictray.log"; then
-    echo "FAIL: the tray program's messages name a missing piece"; status=1
+    fail "the tray program's messages name a missing piece"
 fi
 "$PICTRAY" toggle >/dev/null 2>&1
-exit $status
+((failures == 0))

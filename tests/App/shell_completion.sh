@@ -12,9 +12,7 @@ BASH_SCRIPT=$(realpath "$2")
 ZSH_SCRIPT=$(realpath "$3")
 FISH_SCRIPT=$(realpath "$4")
 
-failures=0
-pass() { echo "PASS: $*"; }
-fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+source "$(dirname "$0")/e2e-checks.sh"
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -46,13 +46,6 @@ private slots:
         QCOMPARE(result.exitCode, 0);
         QCOMPARE(result.lines().first(), QStringLiteral("arrow-left"));
 
-        const QStringList outline = pictray.run({"search", "home"}).lines();
-        const QStringList filled = pictray.run({"search", "--style", "filled", "home"}).lines();
-        QCOMPARE(filled.first(), QStringLiteral("home"));
-        QVERIFY(filled.size() < outline.size());
-        for (const QString& name : filled)
-            QVERIFY(outline.contains(name));
-
         result = pictray.run({"search", "qqqzzz"});
         QCOMPARE(result.exitCode, 0);
         QVERIFY(result.out.isEmpty());
@@ -65,22 +58,19 @@ private slots:
         QCOMPARE(result.out, QByteArray("words: \n"));
     }
 
+    // What a tab lists is the picker model's (tst_pickermodel): here the
+    // options reach it.
     void searchWithinTheTabs()
     {
         const PictrayProcess pictray;
         QCOMPARE(pictray.run({"favorites", "add", "star", "home", "abacus"}).exitCode, 0);
-        QCOMPARE(pictray.run({"search", "--in", "favorites"}).lines(),
-                 (QStringList{"star", "home", "abacus"}));
-        // The picker's style filter: abacus has no filled form.
+        // abacus has no filled form.
         QCOMPARE(pictray.run({"search", "--in", "favorites", "--style", "filled"}).lines(),
                  (QStringList{"star", "home"}));
-        QVERIFY(pictray.run({"search", "--in", "recents"}).out.isEmpty());
         const QStringList arrows =
             pictray.run({"search", "--in", "category:Arrows", "left"}).lines();
-        const QStringList everywhere = pictray.run({"search", "left"}).lines();
-        QVERIFY(!arrows.isEmpty() && arrows.size() < everywhere.size());
-        for (const QString& name : arrows)
-            QVERIFY(everywhere.contains(name));
+        QVERIFY(!arrows.isEmpty() &&
+                arrows.size() < pictray.run({"search", "left"}).lines().size());
         QVERIFY(pictray.run({"search", "--in", "category:No such"}).out.isEmpty());
         QCOMPARE(pictray.run({"search", "--in", "starred", "x"}).exitCode, 2);
     }
@@ -89,11 +79,9 @@ private slots:
     {
         QTest::addColumn<QStringList>("args");
         QTest::newRow("unknown command") << QStringList{"frobnicate"};
-        QTest::newRow("unknown flag") << QStringList{"--frobnicate"};
         QTest::newRow("unknown option") << QStringList{"search", "--colour", "x"};
         QTest::newRow("bad style") << QStringList{"search", "--style", "bold", "x"};
-        QTest::newRow("bad limit") << QStringList{"near", "--limit", "many", "x"};
-        QTest::newRow("catalogue without build") << QStringList{"catalogue", "-o", "x"};
+        QTest::newRow("unknown tab") << QStringList{"show", "--tab", "nowhere"};
     }
     void usageErrors()
     {
@@ -116,20 +104,16 @@ private slots:
         writeFile(package + "/tabler-nodes-filled.json", R"({"b":[["path",{"d":"M2 2"}]]})");
         const QString out = pictray.dataDir() + "/out.json";
 
+        // What the conversion writes, byte for byte, is tst_packageconverter's.
         auto result = pictray.run({"catalogue", "build", "--from", package, "-o", out});
         QCOMPARE(result.exitCode, 0);
-        QFile file(out);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(),
-                 QByteArray(R"({"version":"3.60.1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"]},)"
-                            R"({"n":"b","c":"C","t":["t","4.0"],"o":[],"f":["M2 2"]}]})"));
-
+        auto file = CatalogueCodec::decode(TestData::readFile(out));
+        QVERIFY(file && file->icons.size() == 2);
+        QCOMPARE(file->version, QStringLiteral("3.60.1"));
         result =
             pictray.run({"catalogue", "build", "--from", package, "--version", "1.2", "-o", out});
         QCOMPARE(result.exitCode, 0);
-        file.close();
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(CatalogueCodec::decode(file.readAll())->version, QStringLiteral("1.2"));
+        QCOMPARE(CatalogueCodec::decode(TestData::readFile(out))->version, QStringLiteral("1.2"));
 
         QFile::remove(package + "/tabler-nodes-filled.json");
         result = pictray.run({"catalogue", "build", "--from", package, "-o", out});

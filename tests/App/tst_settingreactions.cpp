@@ -75,17 +75,6 @@ private slots:
             pictray.environment().insert(QString::fromLatin1(name), qEnvironmentVariable(name));
     }
 
-    void aNewShortcutIsGrabbedInsteadOfTheOld()
-    {
-        QVERIFY(grabbed.contains(picker));
-        const KeyCombo other{KeyCombo::controlFlag | KeyCombo::shiftFlag, 0x22};
-        QVERIFY(!(grabbed.value(picker) == other));
-        prefs->setPickerHotKey(other);
-        QCOMPARE(grabbed.value(picker), other);
-        prefs->setPickerHotKey(std::nullopt);
-        QVERIFY(!grabbed.contains(picker));
-    }
-
     void trayIconFollowsItsSetting()
     {
         app->statusItem().setTrayAvailable([] { return true; });
@@ -93,20 +82,6 @@ private slots:
         QVERIFY(!app->statusItem().isShown());
         prefs->setShowMenuBarIcon(true);
         QVERIFY(app->statusItem().isShown());
-    }
-
-    // Qt picks the kind of tray once, when the icon is made: not before a
-    // tray is there.
-    void trayIconIsMadeOnceATrayIsThere()
-    {
-        StatusItemController& status = app->statusItem();
-        bool there = false;
-        status.setTrayAvailable([&there] { return there; });
-        QVERIFY(!status.trayIcon());
-        there = true;
-        status.updateVisibility();
-        QVERIFY(status.trayIcon());
-        QVERIFY(status.isShown());
     }
 
     void trayIconTakesTheTrayColourAndNamesTheShortcut()
@@ -175,6 +150,8 @@ private slots:
                      .exitCode,
                  0);
         QTRY_COMPARE(grabbed.value(picker), other);
+        prefs->setPickerHotKey(std::nullopt);
+        QVERIFY(!grabbed.contains(picker));
     }
 
     // What `pictray update` leaves: a newer catalogue in the downloads.

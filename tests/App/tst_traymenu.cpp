@@ -109,7 +109,6 @@ private slots:
     void favorites()
     {
         QFETCH(int, count);
-        QFETCH(QStringList, expected);
         QMenu menu;
         TrayMenuContent content;
         content.favorites = names.mid(3, count);
@@ -117,7 +116,7 @@ private slots:
         build(menu, content);
         const QMenu* submenu = item(menu, "Favorites")->menu();
         QVERIFY(submenu);
-        QCOMPARE(titles(submenu), expected);
+        QTEST(titles(submenu), "expected");
         const QAction* first = submenu->actions().first();
         if (count == 0) {
             QVERIFY(!first->isEnabled());
@@ -179,8 +178,6 @@ private slots:
             KeyCombo{43, KeyCombo::shiftFlag | KeyCombo::commandFlag});
         QTest::newRow("ctrl-alt-i") << std::optional(KeyCombo{34, ctrlAlt}) << pc << "i"
                                     << QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_I);
-        QTest::newRow("shift-cmd-comma")
-            << shiftCmdComma << pc << "," << QKeySequence(Qt::SHIFT | Qt::META | Qt::Key_Comma);
         // Qt on a Mac calls Command Ctrl and Control Meta.
         QTest::newRow("mac: control-option-i") << std::optional(KeyCombo{34, ctrlAlt}) << mac << "i"
                                                << QKeySequence(Qt::META | Qt::ALT | Qt::Key_I);
@@ -188,7 +185,6 @@ private slots:
             << shiftCmdComma << mac << "," << QKeySequence(Qt::SHIFT | Qt::CTRL | Qt::Key_Comma);
         QTest::newRow("space") << std::optional(KeyCombo{49, ctrlAlt}) << pc << ""
                                << QKeySequence();
-        QTest::newRow("f5") << std::optional(KeyCombo{96, ctrlAlt}) << pc << "" << QKeySequence();
         QTest::newRow("none") << std::optional<KeyCombo>() << pc << "" << QKeySequence();
     }
 
@@ -196,9 +192,8 @@ private slots:
     {
         QFETCH(std::optional<KeyCombo>, combo);
         QFETCH(Rendition, rendition);
-        QFETCH(QString, key);
         QFETCH(QKeySequence, hint);
-        QCOMPARE(TrayMenu::keyEquivalent(combo, us.get()), key);
+        QTEST(TrayMenu::keyEquivalent(combo, us.get()), "key");
         QMenu menu;
         TrayMenuContent content;
         content.pickerHotKey = combo;
@@ -237,14 +232,13 @@ private slots:
     void formats()
     {
         QFETCH(QList<ExportFormat>, png);
-        QFETCH(QStringList, expected);
         QMenu menu;
         TrayMenuContent content;
         content.pngFormats = png;
         content.defaultFormat = ExportFormat::blade;
         build(menu, content);
         const QMenu* submenu = item(menu, "Default Format")->menu();
-        QCOMPARE(titles(submenu), expected);
+        QTEST(titles(submenu), "expected");
         for (const QAction* action : submenu->actions()) {
             QVERIFY2(!action->icon().isNull(), qPrintable(action->text()));
             QCOMPARE(action->isChecked(), action->data().toString() == "blade");
@@ -266,7 +260,6 @@ private slots:
         actions.copyIcon = [&](const Icon& icon) { copied.append(icon.id()); };
         StatusItemController controller(prefs, user, *library, actions);
         controller.setKeyboardLayout(XkbKeyboardLayout::fromNames("us"));
-        user.toggleFavorite(names.at(5));
         controller.rebuildMenu();
 
         QMenu* formats = item(controller.menu(), "Default Format")->menu();
@@ -281,12 +274,11 @@ private slots:
         controller.setFormat(3);
         QCOMPARE(prefs.defaultFormat(), ExportFormat::dataURI);
 
-        QMenu* favorites = item(controller.menu(), "Favorites")->menu();
-        item(*favorites, names.at(5))->trigger();
         controller.copyIcon(QStringLiteral("no-such-icon"));
         controller.copyIcon(42);
-        QCOMPARE(copied, QStringList{names.at(5)});
-        item(*favorites, "Show All Favorites in Picker")->trigger();
+        QVERIFY(copied.isEmpty());
+        item(*item(controller.menu(), "Favorites")->menu(), "Show All Favorites in Picker")
+            ->trigger();
         QCOMPARE(shownTab, std::optional(PickerTab::favorites()));
         item(controller.menu(), "Open Picker")->trigger();
         QCOMPARE(shownTab, std::optional<PickerTab>());

@@ -69,8 +69,6 @@ private slots:
                               << "You're up to date.";
         QTest::newRow("not found")
             << QByteArray() << Kind::failed << "Couldn\u2019t check for updates.";
-        QTest::newRow("not a feed")
-            << QByteArray("<html/>") << Kind::failed << "Couldn\u2019t check for updates.";
     }
     void askedCheckSaysWhatItFound()
     {

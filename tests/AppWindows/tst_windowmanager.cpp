@@ -74,7 +74,6 @@ private slots:
         windows->showSettings(WindowManager::Tab::about);
         QCOMPARE(windows->settingsWindow(), settings);
         QCOMPARE(windows->settingsTab(), std::optional(WindowManager::Tab::about));
-        QCOMPARE(settings->title(), QString("About"));
 
         // Escape closes it; it is kept, with its tab.
         press(settings, Qt::Key_Escape);
@@ -84,7 +83,7 @@ private slots:
         QVERIFY(!windows->hasVisibleWindow());
         windows->showSettings(WindowManager::Tab::copy);
         QCOMPARE(windows->settingsWindow(), settings);
-        QCOMPARE(settings->title(), QString("Copy"));
+        QCOMPARE(windows->settingsTab(), std::optional(WindowManager::Tab::copy));
     }
 
     void closedAboutWindowIsMadeAfresh()
@@ -137,13 +136,11 @@ private slots:
         windows->applyAppearance();
         QVERIFY(windows->appearance().dark());
         QCOMPARE(settings->color(), QColor("#1E1F22"));
-        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 128);
 
         prefs->setAppearance(AppearanceMode::light);
         windows->applyAppearance();
         QVERIFY(!windows->appearance().dark());
         QCOMPARE(settings->color(), QColor("#F5F5F7"));
-        QVERIFY(QApplication::palette().color(QPalette::Window).lightness() > 128);
     }
 
     // Closed without finishing, onboarding comes again at the next start and

@@ -48,14 +48,12 @@ private slots:
         QTest::newRow("alpha kept") << u"DC262680"_qs << u"#DC262680"_qs;
         QTest::newRow("opaque alpha dropped") << u"#f80f"_qs << u"#FF8800"_qs;
         QTest::newRow("not a colour") << u"zz"_qs << QString();
-        QTest::newRow("a name") << u"red"_qs << QString();
         QTest::newRow("empty") << u"  "_qs << QString();
     }
     void typedTextIsNormalised()
     {
         QFETCH(QString, typed);
-        QFETCH(QString, stored);
-        QCOMPARE(HexColor::fromTyped(typed).value_or(QString()), stored);
+        QTEST(HexColor::fromTyped(typed).value_or(QString()), "stored");
     }
 };
 

@@ -39,10 +39,9 @@ private slots:
     {
         QFETCH(quint64, modifiers);
         QFETCH(KeyCombo::Rendition, rendition);
-        QFETCH(QStringList, caps);
         QFETCH(QString, spoken);
         const KeyCombo combo{34, modifiers};
-        QCOMPARE(combo.keyCaps(rendition, us.get()), caps);
+        QTEST(combo.keyCaps(rendition, us.get()), "caps");
         QCOMPARE(combo.spoken(rendition, us.get()), spoken);
     }
 
@@ -52,31 +51,22 @@ private slots:
         QTest::addColumn<QString>("onUS");
         QTest::addColumn<QString>("onGerman");
         QTest::newRow("return is fixed") << 36u << u"↩"_qs << u"↩"_qs;
-        QTest::newRow("space is fixed") << 49u << u"Space"_qs << u"Space"_qs;
-        QTest::newRow("F12 is fixed") << 111u << u"F12"_qs << u"F12"_qs;
-        QTest::newRow("up is fixed") << 126u << u"↑"_qs << u"↑"_qs;
         QTest::newRow("Z key") << 6u << u"Z"_qs << u"Y"_qs;
-        QTest::newRow("Y key") << 16u << u"Y"_qs << u"Z"_qs;
-        QTest::newRow("C key") << 8u << u"C"_qs << u"C"_qs;
         QTest::newRow("semicolon key") << 41u << u";"_qs << u"Ö"_qs;
         QTest::newRow("minus key upper-cases sharp s") << 27u << u"-"_qs << u"SS"_qs;
         QTest::newRow("dead key shows its accent") << 24u << u"="_qs << u"´"_qs;
         // Named by what they type with NumLock on, as their caps are printed.
         QTest::newRow("keypad 1") << 83u << u"1"_qs << u"1"_qs;
         QTest::newRow("keypad decimal") << 65u << u"."_qs << u","_qs;
-        QTest::newRow("keypad plus") << 69u << u"+"_qs << u"+"_qs;
         QTest::newRow("keypad enter is fixed") << 76u << u"⌤"_qs << u"⌤"_qs;
-        QTest::newRow("F13 types nothing") << 105u << u"?"_qs << u"?"_qs;
         QTest::newRow("no physical key") << 63u << u"?"_qs << u"?"_qs;
         QTest::newRow("beyond 16 bits") << 0x10022u << u"?"_qs << u"?"_qs;
     }
     void keyNames()
     {
         QFETCH(quint32, keyCode);
-        QFETCH(QString, onUS);
-        QFETCH(QString, onGerman);
-        QCOMPARE(KeyCombo::keyName(keyCode, us.get()), onUS);
-        QCOMPARE(KeyCombo::keyName(keyCode, de.get()), onGerman);
+        QTEST(KeyCombo::keyName(keyCode, us.get()), "onUS");
+        QTEST(KeyCombo::keyName(keyCode, de.get()), "onGerman");
     }
 
     void noLayoutNamesOnlyFixedKeys()
@@ -97,7 +87,6 @@ private slots:
     void undecodableJson_data()
     {
         QTest::addColumn<QByteArray>("json");
-        QTest::newRow("empty") << QByteArray();
         QTest::newRow("array") << QByteArray("[34,786432]");
         QTest::newRow("missing modifiers") << QByteArray(R"({"keyCode":34})");
         QTest::newRow("string number") << QByteArray(R"({"keyCode":"34","modifiers":0})");

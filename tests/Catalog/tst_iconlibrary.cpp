@@ -53,8 +53,6 @@ private slots:
         QTest::addColumn<int>("expected");
         QTest::newRow("minor digit count") << "3.10.0"
                                            << "3.9.1" << 1;
-        QTest::newRow("equal") << "3.35.0"
-                               << "3.35.0" << 0;
         QTest::newRow("leading zeros") << "3.010"
                                        << "3.9" << 1;
         QTest::newRow("prefix is smaller") << "3.1"
@@ -89,8 +87,6 @@ private slots:
             << catalogue("3.9.0") << catalogue("3.9.0") << "3.9.0" << false;
         QTest::newRow("no download") << catalogue("3.9.0") << QByteArray() << "3.9.0" << false;
         QTest::newRow("nothing shipped") << QByteArray() << catalogue("1.0") << "1.0" << true;
-        QTest::newRow("a word for a version loses")
-            << catalogue("3.9.0") << catalogue("latest") << "3.9.0" << false;
         QTest::newRow("unversioned download skipped")
             << catalogue("3.9.0") << QByteArray("{\"icons\":[]}") << "3.9.0" << false;
         QTest::newRow("spaced version read by full decode")
@@ -189,12 +185,8 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("missing n") << QByteArray(R"({"version":"1","icons":[{"c":"","t":[]}]})");
-        QTest::newRow("missing c") << QByteArray(R"({"version":"1","icons":[{"n":"a","t":[]}]})");
-        QTest::newRow("missing t") << QByteArray(R"({"version":"1","icons":[{"n":"a","c":""}]})");
         QTest::newRow("numeric tag")
             << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[2]}]})");
-        QTest::newRow("paths not strings")
-            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":[1]}]})");
         // Names reach terminals and file names, path data reaches markup.
         QTest::newRow("markup in path data")
             << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],)"
@@ -203,21 +195,14 @@ private slots:
             << QByteArray(R"({"version":"1","icons":[{"n":"Home","c":"","t":[]}]})");
         QTest::newRow("escape sequence in name") << QByteArray(
             "{\"version\":\"1\",\"icons\":[{\"n\":\"a\\u001b[2Jb\",\"c\":\"\",\"t\":[]}]}");
-        QTest::newRow("empty name")
-            << QByteArray(R"({"version":"1","icons":[{"n":"","c":"","t":[]}]})");
-        QTest::newRow("icons not array") << QByteArray(R"({"version":"1","icons":{}})");
         QTest::newRow("not json") << QByteArray("{\"version\":\"1\",\"icons\":[\xff");
         QTest::newRow("deep nesting")
             << QByteArray("{\"version\":\"1\",\"icons\":") + QByteArray(5000, '[');
-        QTest::newRow("binary") << QByteArray("\x00\x01\x02\xfe", 4);
         QTest::newRow("path attributes not one per path")
             << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"],)"
                           R"("oa":[{},{"fill":"none"}]}]})");
         QTest::newRow("path attributes without paths")
             << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"fa":[{}]}]})");
-        QTest::newRow("path attributes not objects")
-            << QByteArray(R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":["M1 1"],)"
-                          R"("oa":["fill"]}]})");
     }
     void undecodableFiles()
     {
@@ -302,13 +287,12 @@ private slots:
         QTest::newRow("as the icon set writes them")
             << QByteArray(R"({"fill":"currentColor","stroke":"none"})")
             << QByteArrayList{"fill=currentColor", "stroke=none"};
-        QTest::newRow("opacity") << QByteArray(R"({"opacity":".5"})")
-                                 << QByteArrayList{"opacity=.5"};
         QTest::newRow("unknown attribute")
             << QByteArray(R"({"stroke-width":"3","fill":"none"})") << QByteArrayList{"fill=none"};
         QTest::newRow("markup") << QByteArray("{\"fill\":\"red\\\"/><script>\"}")
                                 << QByteArrayList{};
-        QTest::newRow("colour") << QByteArray("{\"stroke\":\"#f00\"}") << QByteArrayList{};
+        QTest::newRow("opacity") << QByteArray(R"({"opacity":".5"})")
+                                 << QByteArrayList{"opacity=.5"};
         QTest::newRow("opacity above 1") << QByteArray(R"({"opacity":"1.5"})") << QByteArrayList{};
         QTest::newRow("opacity with exponent")
             << QByteArray(R"({"opacity":"5e-1"})") << QByteArrayList{};
@@ -319,7 +303,6 @@ private slots:
     void readsPathAttributes()
     {
         QFETCH(QByteArray, attributes);
-        QFETCH(QByteArrayList, kept);
         const auto file = CatalogueCodec::decode(
             R"({"version":"1","icons":[{"n":"a","c":"","t":[],"o":["M1 1","M2 2"],"oa":[{},)" +
             attributes + "]}]}");
@@ -332,7 +315,7 @@ private slots:
             for (const PathPaint::Attribute& attribute : paints[1].attributes())
                 read += PathPaint::text(attribute.name).toByteArray() + '=' + attribute.value;
         }
-        QCOMPARE(read, kept);
+        QTEST(read, "kept");
     }
 
     void installWritesOnlyGoodData()
@@ -427,31 +410,6 @@ private slots:
         for (auto& thread : threads)
             thread.join();
         QCOMPARE(mismatches.load(), 0);
-    }
-
-    void groupsThousands_data()
-    {
-        QTest::addColumn<qint64>("value");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("small") << qint64(999) << "999";
-        QTest::newRow("thousands") << qint64(5233) << "5,233";
-        QTest::newRow("millions") << qint64(1234567) << "1,234,567";
-        QTest::newRow("zero") << qint64(0) << "0";
-    }
-    void groupsThousands()
-    {
-        QFETCH(qint64, value);
-        QFETCH(QString, text);
-        QCOMPARE(IconLibrary::number(value), text);
-    }
-
-    void shippedCatalogueLoadsCompletely()
-    {
-        const IconLibrary library({IconLibrary::shippedFilePath(), {}});
-        QVERIFY(library.iconCount() > 5000);
-        QVERIFY(library.filledCount() > 1000);
-        QVERIFY(!library.icon(u"arrow-left").isNull());
-        QVERIFY(library.icon(u"icons").has(IconStyle::outline));
     }
 };
 

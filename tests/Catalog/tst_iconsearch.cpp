@@ -42,10 +42,8 @@ private slots:
                            "sparrow", "compass",           "signpost",   "map"};
         QTest::newRow("exact joined name first")
             << "arrow left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
-        QTest::newRow("comma splits like space")
-            << "arrow,left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
-        QTest::newRow("case folded once")
-            << "ARROW Left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
+        QTest::newRow("comma splits like space, case folded once")
+            << "ARROW,Left" << QStringList{"arrow-left", "arrow-left-circle", "circle-arrow-left"};
         QTest::newRow("hyphenated word") << "left-c" << QStringList{"arrow-left-circle"};
         QTest::newRow("tags compared lower-cased")
             << "direction" << QStringList{"circle-arrow-left", "compass"};
@@ -56,8 +54,7 @@ private slots:
     void ranks()
     {
         QFETCH(QString, query);
-        QFETCH(QStringList, expected);
-        QCOMPARE(names(IconSearch(fixture).search(query, fixture)), expected);
+        QTEST(names(IconSearch(fixture).search(query, fixture)), "expected");
     }
 
     // One letter and two-letter words take their own fast paths; the ranks
@@ -127,17 +124,6 @@ private slots:
         const auto result = IconSearch(fixture).nearMatches(query, limit);
         QCOMPARE(result.words, words);
         QCOMPARE(names(result.icons), icons);
-    }
-
-    void realCatalogue()
-    {
-        const IconLibrary library({IconLibrary::shippedFilePath(), {}});
-        const IconList arrowLeft = library.search(u"arrow left", library.icons());
-        QCOMPARE(arrowLeft.first().id(), QStringLiteral("arrow-left"));
-        QCOMPARE(library.search(u"settings", library.icons()).first().id(),
-                 QStringLiteral("settings"));
-        QVERIFY(library.search(u"zzzq", library.icons()).isEmpty());
-        QCOMPARE(library.nearMatches(u"umbrellas", 5).words, QStringList{QStringLiteral("umbre")});
     }
 };
 

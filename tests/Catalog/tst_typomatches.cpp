@@ -95,14 +95,12 @@ private slots:
         QTest::newRow("short words need to be exact") << "bix" << QStringList{};
         QTest::newRow("no typo, nothing to correct") << "arrow left" << QStringList{};
         QTest::newRow("every word must be close") << "arow zebra" << QStringList{};
-        QTest::newRow("nothing typed") << " , " << QStringList{};
         QTest::newRow("too many words") << "a b c d e f g h i" << QStringList{};
     }
     void matches()
     {
         QFETCH(QString, query);
-        QFETCH(QStringList, expected);
-        QCOMPARE(names(TypoMatches(fixture).matches(query, 5)), expected);
+        QTEST(names(TypoMatches(fixture).matches(query, 5)), "expected");
     }
 
     void limitCuts()

@@ -64,12 +64,8 @@ private slots:
         QTest::addColumn<int>("pixels"); // 0: text
         QTest::addColumn<QString>("message");
         QTest::newRow("svg") << ExportFormat::svg << ReactLanguage::tsx << 0 << u"Raw SVG"_qs;
-        QTest::newRow("tsx") << ExportFormat::jsx << ReactLanguage::tsx << 0 << u"React / TSX"_qs;
         QTest::newRow("jsx") << ExportFormat::jsx << ReactLanguage::jsx << 0 << u"React / JSX"_qs;
-        QTest::newRow("dataURI") << ExportFormat::dataURI << ReactLanguage::tsx << 0
-                                 << u"Data URI"_qs;
         QTest::newRow("png1") << ExportFormat::png1 << ReactLanguage::tsx << 24 << u"PNG @1x"_qs;
-        QTest::newRow("png2") << ExportFormat::png2 << ReactLanguage::tsx << 48 << u"PNG @2x"_qs;
         QTest::newRow("png3") << ExportFormat::png3 << ReactLanguage::tsx << 72 << u"PNG @3x"_qs;
     }
     void copyFillsTheClipboardRecordsAndSaysSo()
@@ -121,16 +117,10 @@ private slots:
                                         u"#123456"_qs, 40, 1.25}));
     }
 
-    void copyLastAgain()
+    // Copying the last icon again is tray_e2e's; an icon a newer set lacks is not copied.
+    void copyLastAgainNeedsTheIcon()
     {
-        QVERIFY(!f->copy->copyLastAgain());
         QVERIFY(f->copy->copy(item(u"plus"_qs), ExportFormat::blade));
-        const std::optional<QString> text = fake->text;
-        *fake = {};
-        QVERIFY(f->copy->copyLastAgain());
-        QCOMPARE(fake->text, text);
-        QCOMPARE(fake->messages, 1);
-
         f->load({{u"home"_qs, u"B"_qs, {}, line, line}}); // a newer set without plus
         *fake = {};
         QVERIFY(!f->copy->copyLastAgain());

@@ -100,23 +100,9 @@ const QString jsx = uR"(export function Plus(props) {
   );
 })"_s;
 
-const QString vueTemplate = uR"(<template>
-  <svg
-    xmlns="http://www.w3.org/2000/svg"
-    width="24"
-    height="24"
-    viewBox="0 0 24 24"
-    fill="none"
-    stroke="currentColor"
-    stroke-width="2"
-    stroke-linecap="round"
-    stroke-linejoin="round"
-  >
-    <path stroke="none" d="M0 0h24v24H0z" fill="none" />
-    <path d="M12 5v14" />
-    <path d="M5 12h14" />
-  </svg>
-</template>)"_s;
+// The SVG two spaces in, each line.
+const QString vueTemplate =
+    u"<template>\n  "_s + QString(multiLineSvg).replace(u"\n"_s, u"\n  "_s) + u"\n</template>"_s;
 
 const QString dataURI =
     uR"(data:image/svg+xml,%3Csvg%20xmlns=%22http://www.w3.org/2000/svg%22%20width=%2224%22%20height=%2224%22%20viewBox=%220%200%2024%2024%22%20fill=%22none%22%20stroke=%22currentColor%22%20stroke-width=%222%22%20stroke-linecap=%22round%22%20stroke-linejoin=%22round%22%3E%3Cpath%20d=%22M12%205v14M5%2012h14%22/%3E%3C/svg%3E)"_s;
@@ -224,14 +210,6 @@ void TestSnippetBuilder::workedExamples_data()
   <path d="M5 12h14" />
 </svg>)"_s;
     QTest::newRow("data URI") << plain() << plus() << ExportFormat::dataURI << dataURI;
-    QTest::newRow("data URI ignores size, class and aria options") << with([](auto& b) {
-        b.includeSize = false;
-        b.classAttribute = u"icon"_s;
-        b.ariaHidden = true;
-    }) << plus() << ExportFormat::dataURI << dataURI;
-    QTest::newRow("png2") << with([](auto& b) { b.pngPadding = 4; }) << plus() << ExportFormat::png2
-                          << u"plus@2x.png\n64 \u00D7 64 px \u00B7 transparent\n"
-                             u"Copied to clipboard as image"_s;
 }
 
 void TestSnippetBuilder::workedExamples()
@@ -239,8 +217,7 @@ void TestSnippetBuilder::workedExamples()
     QFETCH(SnippetBuilder, builder);
     QFETCH(IconExport, item);
     QFETCH(ExportFormat, format);
-    QFETCH(QString, expected);
-    QCOMPARE(builder.text(format, item), expected);
+    QTEST(builder.text(format, item), "expected");
 }
 
 void TestSnippetBuilder::iconExport_data()
@@ -250,9 +227,6 @@ void TestSnippetBuilder::iconExport_data()
     QTest::addColumn<QString>("packageName");
     QTest::addColumn<PathList>("paths");
 
-    QTest::newRow("outline") << plus() << false << u"plus"_s << plusPaths();
-    QTest::newRow("filled") << plus(IconStyle::filled) << true << u"plus-filled"_s
-                            << plusFilledPaths();
     IconExport noFilledForm = named(u"plus"_s);
     noFilledForm.style = IconStyle::filled;
     QTest::newRow("filled without a filled form")
@@ -387,7 +361,6 @@ void TestSnippetBuilder::componentName_data()
     QTest::newRow("non-ASCII") << u"\u00E9t\u00E9"_s << u"{Name}"_s << u"\u00C9t\u00E9"_s;
     QTest::newRow("suffix") << u"home"_s << u"{Name}Icon"_s << u"HomeIcon"_s;
     QTest::newRow("no placeholder") << u"home"_s << u"MyIcon"_s << u"IconHome"_s;
-    QTest::newRow("lower-case placeholder") << u"home"_s << u"{name}"_s << u"IconHome"_s;
 }
 
 void TestSnippetBuilder::componentName()
@@ -410,14 +383,8 @@ void TestSnippetBuilder::sizesAndStrokes_data()
     QTest::newRow("16") << 16 << 2.0 << u"4"_s << u"2"_s;
     QTest::newRow("17") << 17 << 2.0 << u"[17px]"_s << u"2"_s;
     QTest::newRow("18") << 18 << 2.0 << u"4.5"_s << u"2"_s;
-    QTest::newRow("20") << 20 << 2.0 << u"5"_s << u"2"_s;
-    QTest::newRow("22") << 22 << 2.0 << u"5.5"_s << u"2"_s;
-    QTest::newRow("10") << 10 << 2.0 << u"2.5"_s << u"2"_s;
     QTest::newRow("1.5") << 24 << 1.5 << u"6"_s << u"1.5"_s;
-    QTest::newRow("1.25") << 24 << 1.25 << u"6"_s << u"1.25"_s;
-    QTest::newRow("1.75") << 24 << 1.75 << u"6"_s << u"1.75"_s;
     QTest::newRow("1/3") << 24 << 1.0 / 3 << u"6"_s << u"0.333333"_s;
-    QTest::newRow("1") << 24 << 1.0 << u"6"_s << u"1"_s;
     QTest::newRow("exponent") << 24 << 0.00001 << u"6"_s << u"1e-05"_s;
 }
 
@@ -444,7 +411,6 @@ void TestSnippetBuilder::percentEncoding_data()
     QTest::addColumn<QString>("color");
     QTest::addColumn<QString>("encoded");
 
-    QTest::newRow("plain") << u"red"_s << u"red"_s;
     QTest::newRow("hash") << u"#f00"_s << u"%23f00"_s;
     QTest::newRow("spaces and percent") << u"rgb(0 0 0 / 50%)"_s << u"rgb(0%200%200%20/%2050%25)"_s;
     QTest::newRow("kept punctuation") << u"-._~!*'()/:;=,@$"_s << u"-._~!*'()/:;=,@$"_s;

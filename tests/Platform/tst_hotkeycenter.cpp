@@ -66,7 +66,6 @@ private slots:
     void registration()
     {
         QFETCH(QStringList, steps);
-        QFETCH(QStringList, expected);
         auto backend = std::make_unique<FakeBackend>();
         FakeBackend& fake = *backend;
         HotKeyCenter center(std::move(backend));
@@ -91,7 +90,7 @@ private slots:
                 fake.refused.erase(quint32(id));
             }
         }
-        QCOMPARE(fake.log, expected);
+        QTEST(fake.log, "expected");
     }
 
     void pressRunsTheCurrentActionLater()

@@ -38,8 +38,6 @@ private slots:
     {
         QTest::addColumn<QString>("executable");
         QTest::addColumn<QString>("exec");
-        QTest::newRow("plain") << "/usr/bin/pictray"
-                               << "Exec=\"/usr/bin/pictray\"";
         QTest::newRow("spaces and quotes") << "/opt/My Apps/pic\"tray"
                                            << "Exec=\"/opt/My Apps/pic\\\"tray\"";
     }

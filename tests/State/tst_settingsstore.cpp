@@ -100,20 +100,6 @@ private slots:
         QCOMPARE(TestData::readFile(store->filePath()), text);
         QVERIFY(!QFile::exists(store->filePath() + u".damaged"_qs));
     }
-
-    void createsItsFolder()
-    {
-        SettingsStore store(files.path(u"new/folder/Pictray.conf"_qs));
-        store.setBool(u"on"_qs, true);
-        QCOMPARE(store.writeError(), std::nullopt);
-        QVERIFY(QFile::exists(store.filePath()));
-    }
-
-    void defaultPathFollowsXdgConfigHome()
-    {
-        qputenv("XDG_CONFIG_HOME", files.path(u"config"_qs).toUtf8());
-        QCOMPARE(SettingsStore::defaultPath(), files.path(u"config/Pictray/Pictray.conf"_qs));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSettingsStore)

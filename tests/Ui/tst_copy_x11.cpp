@@ -98,9 +98,7 @@ private slots:
         QTest::addColumn<QString>("target");
         QTest::addColumn<int>("pixels"); // 0: text
         QTest::newRow("svg text/plain") << ExportFormat::svg << u"text/plain"_qs << 0;
-        QTest::newRow("jsx UTF8_STRING") << ExportFormat::jsx << u"UTF8_STRING"_qs << 0;
         QTest::newRow("png2") << ExportFormat::png2 << u"image/png"_qs << 48;
-        QTest::newRow("png3") << ExportFormat::png3 << u"image/png"_qs << 72;
     }
     void otherApplicationsReadTheCopy()
     {

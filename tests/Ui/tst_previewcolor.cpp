@@ -1,16 +1,12 @@
-#include "Catalog/IconLibrary.h"
-#include "Catalog/PackageConverter.h"
 #include "Export/IconRenderer.h"
 #include "Export/RenderOptions.h"
-#include "State/Preferences.h"
-#include "State/SettingsStore.h"
+#include "PickerFixture.h"
 #include "Ui/Kit/IconGlyph.h"
 #include "Ui/Kit/KitQml.h"
 
 #include <QPainter>
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QTemporaryDir>
 #include <QTest>
 
 // What the picker shows of a colour setting is what a copy of it gives: the
@@ -18,10 +14,8 @@
 class TestPreviewColor : public QObject {
     Q_OBJECT
 
-    QTemporaryDir dir;
-    std::unique_ptr<IconLibrary> library;
-    std::unique_ptr<SettingsStore> store;
-    std::unique_ptr<Preferences> prefs;
+    const PathList square{"M0 0h24v24H0z"};
+    PickerFixture f{{{u"block"_qs, u"Shapes"_qs, {}, square, square}}};
     QQmlEngine engine;
 
     std::unique_ptr<QObject> create(const QByteArray& qml)
@@ -36,27 +30,17 @@ class TestPreviewColor : public QObject {
 
     QColor exported(const QString& color)
     {
-        const IconExport item{library->icon(u"block"), IconStyle::filled, 24, 2, color};
+        const IconExport item{f.library->icon(u"block"), IconStyle::filled, 24, 2, color};
         const QImage image =
-            IconRenderer::bitmap(*library, item.icon, RenderOptions::forExport(item, 1, *prefs));
+            IconRenderer::bitmap(*f.library, item.icon, RenderOptions::forExport(item, 1, f.prefs));
         return image.pixelColor(12, 12);
     }
 
 private slots:
     void initTestCase()
     {
-        const PathList square{"M0 0h24v24H0z"};
-        QFile file(dir.filePath(u"catalogue.json"_qs));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(
-            PackageConverter::OutFile{"1.0", {{u"block"_qs, u"Shapes"_qs, {}, square, square}}}
-                .encode());
-        file.close();
-        library = std::make_unique<IconLibrary>(IconLibrary::Sources{file.fileName(), {}});
-        store = std::make_unique<SettingsStore>(dir.filePath(u"settings.conf"_qs));
-        prefs = std::make_unique<Preferences>(*store);
-        prefs->setPngPadding(0);
-        registerKitQml(engine, *library);
+        f.prefs.setPngPadding(0);
+        registerKitQml(engine, *f.library);
     }
 
     void previewMatchesTheExport_data()

@@ -11,14 +11,6 @@ QString sourcePath(const QString& relative)
     return QStringLiteral(PICTRAY_SOURCE_DIR "/") + relative;
 }
 
-QByteArray readSourceFile(const QString& relative)
-{
-    QFile file(sourcePath(relative));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
 QByteArray readFile(const QString& path)
 {
     QFile file(path);

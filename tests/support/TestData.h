@@ -10,7 +10,6 @@ namespace TestData {
 
 // A file of the repository, by its path from the top.
 QString sourcePath(const QString& relative);
-QByteArray readSourceFile(const QString& relative);
 
 // Any file's bytes; empty when it cannot be read.
 QByteArray readFile(const QString& path);
