@@ -5,7 +5,6 @@
 #include "SettingsStore.h"
 
 #include <QLocale>
-#include <QScopedValueRollback>
 
 namespace {
 
@@ -287,8 +286,7 @@ template <typename T> void Preferences::assign(const Field<T>& field, const T& v
     this->*field.member = withinRange(field.key, value);
     emit(this->*field.changed)();
     // The value as it stands after the subscribers ran.
-    if (m_writesToStore)
-        Codec<T>::write(m_store, field.key.toString(), this->*field.member);
+    Codec<T>::write(m_store, field.key.toString(), this->*field.member);
 }
 
 #define PICTRAY_PREFERENCE_SETTER(Type, name, Name, defaultValue, registered)                      \
@@ -361,8 +359,7 @@ QString Preferences::valueText(const QString& key) const
     return text;
 }
 
-std::optional<QString> Preferences::setValueText(const QString& key, const QString& text,
-                                                 Scope scope)
+std::optional<QString> Preferences::setValueText(const QString& key, const QString& text)
 {
     std::optional<QString> error = QStringLiteral("Unknown setting \"%1\".").arg(key);
     withField(key, [&](const auto& field) {
@@ -374,8 +371,6 @@ std::optional<QString> Preferences::setValueText(const QString& key, const QStri
             return;
         }
         error.reset();
-        const QScopedValueRollback writes(m_writesToStore,
-                                          m_writesToStore && scope == Scope::store);
         assign(field, *value);
     });
     return error;

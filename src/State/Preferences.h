@@ -75,14 +75,11 @@ public:
     // Empty for an unknown key.
     QString valueText(const QString& key) const;
 
-    enum class Scope { store, thisRunOnly };
     // Parses and assigns. Text the reader would not recognise (a bool other
     // than true/false/1/0, a non-number, an enum string that is not one of the
     // raw values, undecodable shortcut JSON) is refused rather than stored:
-    // the error message says what was expected. thisRunOnly changes the value
-    // and emits, but writes nothing.
-    std::optional<QString> setValueText(const QString& key, const QString& text,
-                                        Scope scope = Scope::store);
+    // the error message says what was expected.
+    std::optional<QString> setValueText(const QString& key, const QString& text);
     // Forgets the user's value, so the default applies again.
     void reset(const QString& key);
     // Reads every setting from the store again (after another process changed
@@ -104,6 +101,5 @@ private:
     template <typename T> void assign(const Field<T>& field, const T& value);
 
     SettingsStore& m_store;
-    bool m_writesToStore = true;
     PICTRAY_PREFERENCES(PICTRAY_PREFERENCE_MEMBER)
 };
