@@ -1,6 +1,8 @@
+#include "Catalog/CatalogueCodec.h"
 #include "Catalog/IconLibrary.h"
 #include "Geometry/SVGPath.h"
 
+#include <QFile>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -25,6 +27,23 @@ void loadShippedCatalogue(benchmark::State& state)
     }
 }
 BENCHMARK(loadShippedCatalogue)->Unit(benchmark::kMillisecond);
+
+// What loading costs a downloaded catalogue, which only comes as JSON; the
+// shipped one above is read in its compiled form.
+void decodeJsonCatalogue(benchmark::State& state)
+{
+    QFile file(QStringLiteral(":/tabler-icons.json"));
+    file.open(QIODevice::ReadOnly);
+    const QByteArray json = file.readAll();
+    for (auto _ : state) {
+        auto decoded = CatalogueCodec::decode(json);
+        benchmark::DoNotOptimize(decoded->icons.size());
+        state.PauseTiming();
+        decoded.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(decodeJsonCatalogue)->Unit(benchmark::kMillisecond);
 
 void searchWholeCatalogue(benchmark::State& state, const char* query)
 {

@@ -1,7 +1,6 @@
 #include "CatalogueCodec.h"
 
 #include "IconText.h"
-#include "LastingSource.h"
 
 #include <algorithm>
 #include <simdjson.h>
@@ -22,21 +21,15 @@ QString fromUtf8(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Strings of one decode: owned by default, or views into an arena or into
-// the decoded bytes themselves.
+// Strings of one decode: owned by default, or views into an arena.
 struct Text {
     TextArena* arena = nullptr;
-    LastingSource* source = nullptr;
     QString string(std::string_view utf8) const
     {
         return arena ? arena->utf16(utf8) : fromUtf8(utf8);
     }
     QByteArray bytes(std::string_view text) const
     {
-        if (source) {
-            if (auto view = source->view(text))
-                return *view;
-        }
         return arena ? arena->bytes(text)
                      : QByteArray(text.data(), static_cast<qsizetype>(text.size()));
     }
@@ -232,8 +225,7 @@ bool readVersion(object root, QString& version)
 
 } // namespace
 
-std::optional<CatalogueFile> decode(QByteArrayView data, QString* error, TextArena* arena,
-                                    DataLifetime lifetime)
+std::optional<CatalogueFile> decode(QByteArrayView data, QString* error, TextArena* arena)
 {
     simdjson::dom::parser parser;
     object root;
@@ -252,8 +244,7 @@ std::optional<CatalogueFile> decode(QByteArrayView data, QString* error, TextAre
     file.icons.reserve(static_cast<qsizetype>(icons.size()));
     qsizetype index = 0;
     Categories categories;
-    LastingSource source(data);
-    const Text text{arena, lifetime == DataLifetime::wholeRun ? &source : nullptr};
+    const Text text{arena};
     for (element value : icons) {
         Icon icon;
         if (!readEntry(value, icon, error, index++, categories, text))

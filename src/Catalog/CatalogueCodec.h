@@ -10,12 +10,9 @@ namespace CatalogueCodec {
 
 // Decodes a whole catalogue file. Any missing required key or wrong type makes
 // the file undecodable: nullopt with a reason in *error. With an arena, the
-// icons' text lives there instead of in allocations of its own. When `data`
-// stays valid until the program ends, say so: path data then points into it.
-enum class DataLifetime { temporary, wholeRun };
+// icons' text lives there instead of in allocations of its own.
 std::optional<CatalogueFile> decode(QByteArrayView data, QString* error = nullptr,
-                                    TextArena* arena = nullptr,
-                                    DataLifetime lifetime = DataLifetime::temporary);
+                                    TextArena* arena = nullptr);
 
 // The "version" of a file through a full decode of that key alone.
 std::optional<QString> decodeVersionOnly(QByteArrayView data);

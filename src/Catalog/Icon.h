@@ -38,6 +38,18 @@ public:
     Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
          std::optional<PathList> filled, IconPaints paints = {});
 
+    // An icon whose lower-cased search forms are known already (a compiled
+    // catalogue keeps them), so nothing is converted.
+    struct Names {
+        QString id;
+        QString category;
+        QStringList tags;
+        QString searchName;
+        QStringList searchTags; // one per tag
+    };
+    static Icon withSearchForms(Names names, std::optional<PathList> outline,
+                                std::optional<PathList> filled, IconPaints paints);
+
     bool isNull() const { return !d; }
 
     const QString& id() const { return d->id; }
@@ -80,6 +92,9 @@ private:
         QStringList searchTags;
         std::shared_ptr<const IconPaints> paints; // null for the plain icons
     };
+    void setPaths(Data* data, std::optional<PathList> outline, std::optional<PathList> filled,
+                  IconPaints paints);
+
     QExplicitlySharedDataPointer<const Data> d;
 };
 

@@ -1,6 +1,7 @@
 #include "IconLibrary.h"
 
 #include "CatalogueCodec.h"
+#include "CompiledCatalogue.h"
 #include "ReleaseVersion.h"
 
 #include <QDir>
@@ -115,9 +116,19 @@ std::vector<IconLibrary::Candidate> IconLibrary::candidates(const Sources& sourc
 std::optional<CatalogueFile> IconLibrary::decodeCandidate(const Candidate& candidate,
                                                           QString* reason)
 {
-    return CatalogueCodec::decode(candidate.bytes, reason, &TextArena::forThisRun(),
-                                  candidate.compiledIn ? CatalogueCodec::DataLifetime::wholeRun
-                                                       : CatalogueCodec::DataLifetime::temporary);
+    if (candidate.compiledIn) {
+        // The build compiled the same file into the form read in place.
+        QString compiledPath = candidate.path;
+        if (compiledPath.endsWith(u".json"))
+            compiledPath.chop(5);
+        const QByteArray compiled = compiledInBytes(compiledPath + QStringLiteral(".catalogue"));
+        if (!compiled.isNull()) {
+            auto file = CompiledCatalogue::read(compiled);
+            if (file && file->version == candidate.version)
+                return file;
+        }
+    }
+    return CatalogueCodec::decode(candidate.bytes, reason, &TextArena::forThisRun());
 }
 
 void IconLibrary::load()

@@ -214,42 +214,6 @@ private slots:
 
     // Path data of bytes that outlive the icons is kept as views of them,
     // except where the file spells it otherwise (escaped).
-    void pathDataOfLastingBytes_data()
-    {
-        QTest::addColumn<QByteArray>("icons");
-        QTest::addColumn<QList<QByteArray>>("paths"); // each icon's one outline path
-        QTest::addColumn<QList<bool>>("inPlace");
-        QTest::newRow("verbatim") << QByteArray(R"({"n":"a","c":"","t":[],"o":["M1 1"]},)"
-                                                R"({"n":"b","c":"","t":[],"o":["M2 2"]})")
-                                  << QList<QByteArray>{"M1 1", "M2 2"} << QList<bool>{true, true};
-        QTest::newRow("same path twice")
-            << QByteArray(R"({"n":"a","c":"","t":[],"o":["M1 1"]},)"
-                          R"({"n":"b","c":"","t":[],"o":["M1 1"]})")
-            << QList<QByteArray>{"M1 1", "M1 1"} << QList<bool>{true, true};
-        QTest::newRow("escaped, then verbatim")
-            << QByteArray(R"({"n":"a","c":"","t":[],"o":["M1\u00201"]},)"
-                          R"({"n":"b","c":"","t":[],"o":["M2 2"]})")
-            << QList<QByteArray>{"M1 1", "M2 2"} << QList<bool>{false, true};
-    }
-    void pathDataOfLastingBytes()
-    {
-        QFETCH(QByteArray, icons);
-        QFETCH(QList<QByteArray>, paths);
-        QFETCH(QList<bool>, inPlace);
-        const QByteArray bytes = R"({"version":"1","icons":[)" + icons + "]}";
-        const auto file =
-            CatalogueCodec::decode(bytes, nullptr, nullptr, CatalogueCodec::DataLifetime::wholeRun);
-        QVERIFY(file);
-        QCOMPARE(file->icons.size(), paths.size());
-        for (qsizetype i = 0; i < paths.size(); ++i) {
-            const QByteArray& path = file->icons[i].outline()->first();
-            QCOMPARE(path, paths[i]);
-            const bool within = path.constData() >= bytes.constBegin() &&
-                                path.constData() + path.size() <= bytes.constEnd();
-            QCOMPARE(within, inPlace[i]);
-        }
-    }
-
     void buildsIconsFromEntries()
     {
         const QByteArray bytes = R"({"version":"3.0","extra":1,"icons":[

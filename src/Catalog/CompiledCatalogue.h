@@ -1,0 +1,23 @@
+#pragma once
+
+#include "IconLibrary.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <optional>
+
+// The catalogue in a form read in place rather than decoded: every name, tag
+// and path is stored as the program holds it (names and tags as UTF-16, with
+// their search forms; paths as UTF-8), so loading builds the icons as views
+// into the bytes. Made from the JSON catalogue at build time for the shipped
+// set; the JSON stays the form that is downloaded and exchanged.
+namespace CompiledCatalogue {
+
+QByteArray compile(const CatalogueFile& file);
+
+// The icons point into `bytes`, which must stay valid and unchanged for the
+// rest of the run (a compiled-in resource). Every offset is checked, so
+// damaged bytes give nullopt and a reason rather than a crash.
+std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error = nullptr);
+
+} // namespace CompiledCatalogue
