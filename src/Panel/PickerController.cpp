@@ -116,6 +116,10 @@ void PickerController::preparePanel()
 {
     if (!m_panel)
         makePanel();
+    // The native window too, and one frame drawn unseen: the grid's cells and
+    // their glyphs are then made, so the first opening only shows them.
+    m_panel->create();
+    (void)m_panel->grabWindow();
 }
 
 void PickerController::makePanel()
