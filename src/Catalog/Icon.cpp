@@ -27,7 +27,7 @@ Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathLis
     data->id = std::move(id);
     data->category = std::move(category);
     data->tags = std::move(tags);
-    setPaths(data, std::move(outline), std::move(filled), std::move(paints));
+    takePathsAndData(data, std::move(outline), std::move(filled), std::move(paints));
 }
 
 Icon Icon::withSearchForms(Names names, std::optional<PathList> outline,
@@ -40,12 +40,12 @@ Icon Icon::withSearchForms(Names names, std::optional<PathList> outline,
     data->tags = std::move(names.tags);
     data->searchName = std::move(names.searchName);
     data->searchTags = std::move(names.searchTags);
-    icon.setPaths(data, std::move(outline), std::move(filled), std::move(paints));
+    icon.takePathsAndData(data, std::move(outline), std::move(filled), std::move(paints));
     return icon;
 }
 
-void Icon::setPaths(Data* data, std::optional<PathList> outline, std::optional<PathList> filled,
-                    IconPaints paints)
+void Icon::takePathsAndData(Data* data, std::optional<PathList> outline,
+                            std::optional<PathList> filled, IconPaints paints)
 {
     data->outline = std::move(outline);
     data->filled = std::move(filled);

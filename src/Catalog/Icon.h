@@ -92,8 +92,9 @@ private:
         QStringList searchTags;
         std::shared_ptr<const IconPaints> paints; // null for the plain icons
     };
-    void setPaths(Data* data, std::optional<PathList> outline, std::optional<PathList> filled,
-                  IconPaints paints);
+    // Completes `data` with the paths and paints, and holds it.
+    void takePathsAndData(Data* data, std::optional<PathList> outline,
+                          std::optional<PathList> filled, IconPaints paints);
 
     QExplicitlySharedDataPointer<const Data> d;
 };

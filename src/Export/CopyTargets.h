@@ -31,7 +31,8 @@ public:
     virtual ~Paster() = default;
     // Notes the window that has the keyboard now, before the picker takes it.
     virtual void rememberTarget() = 0;
-    // False where synthetic key presses cannot be sent (no XTest, Wayland).
+    // False where synthetic key presses cannot be sent (no XTest, a Wayland
+    // desktop without the remote desktop portal, or the user refused it).
     virtual bool isTrusted() const = 0;
     virtual void paste() = 0;
 

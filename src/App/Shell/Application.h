@@ -38,9 +38,9 @@ public:
     explicit Application(Backends backends = {}, QObject* parent = nullptr);
     ~Application() override;
 
-    // In this order: settings, platform backends, catalogue, appearance, tray icon, global
-    // shortcuts, update checker, reactions to setting changes, and the
-    // first-run window when onboarding was never finished.
+    // In this order: settings, platform backends, catalogue, appearance, tray
+    // icon, global shortcuts, update checker, reactions to setting changes,
+    // and the first-run window when onboarding was never finished.
     void start();
 
     InstanceReply handle(const InstanceRequest& request);
