@@ -176,11 +176,11 @@ public:
 
     std::optional<QString> version() const { return text(m_header.version); }
 
+    std::optional<QString> id(quint32 index) const { return text(record(index).id); }
+
     std::optional<Icon> icon(quint32 index) const
     {
-        Record record;
-        std::memcpy(&record, m_all.data() + m_header.records.offset + index * sizeof(Record),
-                    sizeof(Record));
+        const Record record = this->record(index);
         const auto id = text(record.id);
         const auto category = text(record.category);
         const auto searchName = text(record.searchName);
@@ -218,6 +218,14 @@ public:
     }
 
 private:
+    Record record(quint32 index) const
+    {
+        Record record;
+        std::memcpy(&record, m_all.data() + m_header.records.offset + index * sizeof(Record),
+                    sizeof(Record));
+        return record;
+    }
+
     std::optional<QString> text(const Span& span) const
     {
         if (!within(span, m_textCount))
@@ -348,9 +356,11 @@ QByteArray compile(const CatalogueFile& file)
     return writer.finish(header, records);
 }
 
-std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error)
+namespace {
+
+// Names and tags are read in place as UTF-16: the bytes must be aligned for it.
+std::optional<Reader> opened(QByteArrayView bytes, QString* error)
 {
-    // Names and tags are read in place as UTF-16.
     if (reinterpret_cast<quintptr>(bytes.data()) % alignof(char16_t) != 0) {
         fail(error, QStringLiteral("the bytes are not aligned"));
         return std::nullopt;
@@ -358,16 +368,44 @@ std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error)
     Reader reader(bytes);
     if (!reader.open(error))
         return std::nullopt;
+    return reader;
+}
+
+} // namespace
+
+std::optional<QString> version(QByteArrayView bytes)
+{
+    const auto reader = opened(bytes, nullptr);
+    return reader ? reader->version() : std::nullopt;
+}
+
+Icon find(QByteArrayView bytes, QStringView name)
+{
+    const auto reader = opened(bytes, nullptr);
+    if (!reader)
+        return {};
+    for (quint32 i = 0; i < reader->iconCount(); ++i) {
+        if (reader->id(i) == name)
+            return reader->icon(i).value_or(Icon());
+    }
+    return {};
+}
+
+std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error)
+{
+    auto reader = opened(bytes, error);
+    if (!reader)
+        return std::nullopt;
     CatalogueFile file;
-    const auto version = reader.version();
+    const auto version = reader->version();
     if (!version) {
         fail(error, QStringLiteral("no version"));
         return std::nullopt;
     }
     file.version = *version;
-    file.icons.reserve(reader.iconCount());
-    for (quint32 i = 0; i < reader.iconCount(); ++i) {
-        auto icon = reader.icon(i);
+    file.icons.reserve(reader->iconCount());
+    for (quint32 i = 0; i < reader->iconCount(); ++i) {
+        auto icon = reader->icon(i);
         if (!icon) {
             fail(error, QStringLiteral("icon %1 points outside the file").arg(i));
             return std::nullopt;

@@ -20,4 +20,11 @@ QByteArray compile(const CatalogueFile& file);
 // damaged bytes give nullopt and a reason rather than a crash.
 std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error = nullptr);
 
+// The version alone; nullopt when the bytes do not open.
+std::optional<QString> version(QByteArrayView bytes);
+
+// The first icon of that name, made without making the others; a null Icon
+// when there is none or the bytes do not read.
+Icon find(QByteArrayView bytes, QStringView name);
+
 } // namespace CompiledCatalogue

@@ -59,14 +59,19 @@ std::optional<QString> versionAtStart(QByteArrayView head)
 } // namespace
 
 IconLibrary::IconLibrary(Sources sources, QObject* parent)
-    : QObject(parent), m_sources(std::move(sources))
+    : IconLibrary(std::move(sources), Making::atLoad, parent)
+{
+}
+
+IconLibrary::IconLibrary(Sources sources, Making making, QObject* parent)
+    : QObject(parent), m_sources(std::move(sources)), m_making(making)
 {
     load();
 }
 
 IconLibrary& IconLibrary::shared()
 {
-    static auto* library = new IconLibrary(defaultSources());
+    static auto* library = new IconLibrary(defaultSources(), Making::onDemand);
     return *library;
 }
 
@@ -113,20 +118,50 @@ std::vector<IconLibrary::Candidate> IconLibrary::candidates(const Sources& sourc
     return found;
 }
 
+// The build compiles the shipped file into the form read in place, beside it.
+QByteArray IconLibrary::compiledForm(const Candidate& candidate)
+{
+    if (!candidate.compiledIn)
+        return {};
+    QString compiledPath = candidate.path;
+    if (compiledPath.endsWith(u".json"))
+        compiledPath.chop(5);
+    return compiledInBytes(compiledPath + QStringLiteral(".catalogue"));
+}
+
+bool IconLibrary::defer(const Candidate& candidate)
+{
+    if (m_making != Making::onDemand)
+        return false;
+    const QByteArray compiled = compiledForm(candidate);
+    const auto version = CompiledCatalogue::version(compiled);
+    if (compiled.isNull() || !version || version != candidate.version)
+        return false;
+    setIcons(File{*version, {}});
+    m_deferred = compiled;
+    return true;
+}
+
+const IconLibrary& IconLibrary::made() const
+{
+    if (!m_deferred.isNull()) {
+        // Not const in truth: the icons are made once, on first need.
+        auto* self = const_cast<IconLibrary*>(this);
+        auto file = CompiledCatalogue::read(m_deferred);
+        self->m_deferred.clear();
+        if (file)
+            self->setIcons(std::move(*file));
+    }
+    return *this;
+}
+
 std::optional<CatalogueFile> IconLibrary::decodeCandidate(const Candidate& candidate,
                                                           QString* reason)
 {
-    if (candidate.compiledIn) {
-        // The build compiled the same file into the form read in place.
-        QString compiledPath = candidate.path;
-        if (compiledPath.endsWith(u".json"))
-            compiledPath.chop(5);
-        const QByteArray compiled = compiledInBytes(compiledPath + QStringLiteral(".catalogue"));
-        if (!compiled.isNull()) {
-            auto file = CompiledCatalogue::read(compiled);
-            if (file && file->version == candidate.version)
-                return file;
-        }
+    if (const QByteArray compiled = compiledForm(candidate); !compiled.isNull()) {
+        auto file = CompiledCatalogue::read(compiled);
+        if (file && file->version == candidate.version)
+            return file;
     }
     return CatalogueCodec::decode(candidate.bytes, reason, &TextArena::forThisRun());
 }
@@ -135,6 +170,11 @@ void IconLibrary::load()
 {
     m_loadProblem.clear();
     for (const Candidate& candidate : candidates(m_sources)) {
+        if (candidate.version && defer(candidate)) {
+            m_loadedPath = candidate.path;
+            emit catalogueChanged();
+            return;
+        }
         QString reason = QStringLiteral("it has no version");
         auto file = candidate.version ? decodeCandidate(candidate, &reason) : std::nullopt;
         if (file) {
@@ -195,6 +235,13 @@ QStringList IconLibrary::iconNames(const Sources& sources)
 
 void IconLibrary::apply(File file)
 {
+    setIcons(std::move(file));
+    emit catalogueChanged();
+}
+
+void IconLibrary::setIcons(File file)
+{
+    m_deferred.clear();
     m_icons = std::move(file.icons);
     m_version = std::move(file.version);
     m_byName.clear();
@@ -213,7 +260,6 @@ void IconLibrary::apply(File file)
         const QMutexLocker lock(&m_cacheLock);
         m_pathCache.clear();
     }
-    emit catalogueChanged();
 }
 
 bool IconLibrary::install(const QByteArray& data, QString* error)
@@ -253,14 +299,14 @@ void IconLibrary::adopt(File saved)
 const IconSearch& IconLibrary::searchIndex() const
 {
     if (!m_search)
-        m_search.emplace(m_icons);
+        m_search.emplace(made().m_icons);
     return *m_search;
 }
 
 IconList IconLibrary::typoMatches(QStringView query, int limit) const
 {
     if (!m_typos)
-        m_typos.emplace(m_icons);
+        m_typos.emplace(made().m_icons);
     return m_typos->matches(query, limit);
 }
 
@@ -280,20 +326,22 @@ IconList IconLibrary::suggestions(QStringView query, int limit) const
 
 int IconLibrary::outlineCount() const
 {
-    return static_cast<int>(std::count_if(m_icons.cbegin(), m_icons.cend(), [](const Icon& icon) {
-        return icon.outline().has_value();
-    }));
+    const IconList& icons = made().m_icons;
+    return static_cast<int>(std::count_if(
+        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.outline().has_value(); }));
 }
 
 int IconLibrary::filledCount() const
 {
-    return static_cast<int>(std::count_if(m_icons.cbegin(), m_icons.cend(), [](const Icon& icon) {
-        return icon.filled().has_value();
-    }));
+    const IconList& icons = made().m_icons;
+    return static_cast<int>(std::count_if(
+        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.filled().has_value(); }));
 }
 
 Icon IconLibrary::icon(QStringView name) const
 {
+    if (!m_deferred.isNull())
+        return CompiledCatalogue::find(m_deferred, name);
     const auto it = m_byName.constFind(name.toString());
     return it == m_byName.cend() ? Icon() : m_icons[*it];
 }

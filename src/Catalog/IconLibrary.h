@@ -39,8 +39,14 @@ public:
     // decodes. A downloaded file that does not decode is moved aside (its
     // name plus ".damaged") and the next candidate loads; loadProblem() says so.
     explicit IconLibrary(Sources sources, QObject* parent = nullptr);
+    // How the icons are made: all at load (the running program), or, when
+    // the compiled-in catalogue is the one loaded, as they are asked for: a
+    // lookup by name makes that icon alone, anything else makes them all.
+    enum class Making { atLoad, onDemand };
+    IconLibrary(Sources sources, Making making, QObject* parent = nullptr);
 
-    // The running program's library over the real shipped and downloaded files.
+    // The library of the commands, over the real shipped and downloaded
+    // files; its icons are made on demand, since most commands want one.
     static IconLibrary& shared();
     // The shipped file and the downloaded one's place.
     static Sources defaultSources();
@@ -71,10 +77,10 @@ public:
     // when the writer put it there, else through a full decode.
     static std::optional<QString> peekVersion(const QByteArray& data);
 
-    const IconList& icons() const { return m_icons; }
-    int iconCount() const { return static_cast<int>(m_icons.size()); }
+    const IconList& icons() const { return made().m_icons; }
+    int iconCount() const { return static_cast<int>(made().m_icons.size()); }
     QString version() const { return m_version; }
-    QStringList categories() const { return m_categories; }
+    QStringList categories() const { return made().m_categories; }
     int outlineCount() const;
     int filledCount() const;
     // The file the catalogue came from; empty when nothing is loaded.
@@ -121,12 +127,22 @@ private:
         bool compiledIn = false; // the bytes stay where they are until the program ends
     };
     static std::optional<File> decodeCandidate(const Candidate& candidate, QString* reason);
+    // The compiled form of a compiled-in candidate; null for any other.
+    static QByteArray compiledForm(const Candidate& candidate);
     // The readable sources, the one to load first.
     static std::vector<Candidate> candidates(const Sources& sources);
     // Moves a downloaded catalogue that does not decode out of the way.
     void setAside(const QString& path, const QString& reason);
+    // Whether the compiled-in catalogue of `candidate` was taken on demand.
+    bool defer(const Candidate& candidate);
+    // The library with every icon made.
+    const IconLibrary& made() const;
+    void setIcons(File file);
 
     Sources m_sources;
+    Making m_making = Making::atLoad;
+    // The compiled catalogue loaded but not yet made into icons.
+    QByteArray m_deferred;
     QString m_loadedPath;
     QString m_loadProblem;
     IconList m_icons;

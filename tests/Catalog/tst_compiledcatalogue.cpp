@@ -79,6 +79,22 @@ private slots:
         compareFiles(*read, original);
     }
 
+    // The commands' library makes one icon for a lookup by name, and all of
+    // them for anything else; either way they are the icons loaded at once.
+    void iconsMadeOnDemandAreThoseMadeAtLoad()
+    {
+        const IconLibrary::Sources shipped{IconLibrary::shippedFilePath(), {}};
+        const IconLibrary atLoad(shipped);
+        const IconLibrary onDemand(shipped, IconLibrary::Making::onDemand);
+        QCOMPARE(onDemand.version(), atLoad.version());
+        for (const QString& name : {u"home"_qs, u"percentage-50"_qs, u"brand-github"_qs})
+            QCOMPARE(everything(onDemand.icon(name)), everything(atLoad.icon(name)));
+        QVERIFY(onDemand.icon(u"no-such-icon"_qs).isNull());
+        QCOMPARE(onDemand.filledCount(), atLoad.filledCount());
+        compareFiles({onDemand.version(), onDemand.icons()}, {atLoad.version(), atLoad.icons()});
+        QCOMPARE(everything(onDemand.icon(u"home"_qs)), everything(atLoad.icon(u"home"_qs)));
+    }
+
     void damagedBytesAreRefusedNotFollowed()
     {
         const CatalogueFile original = shippedJson();
