@@ -218,13 +218,16 @@ public:
     }
 
 private:
-    Record record(quint32 index) const
+    // The index-th element of a part; copied out, since the bytes need not
+    // be aligned for it.
+    template <typename T> T element(const Span& part, quint32 index) const
     {
-        Record record;
-        std::memcpy(&record, m_all.data() + m_header.records.offset + index * sizeof(Record),
-                    sizeof(Record));
-        return record;
+        T value;
+        std::memcpy(&value, m_all.data() + part.offset + index * sizeof(T), sizeof(T));
+        return value;
     }
+
+    Record record(quint32 index) const { return element<Record>(m_header.records, index); }
 
     std::optional<QString> text(const Span& span) const
     {
@@ -239,13 +242,7 @@ private:
         return first <= m_listCount && count <= m_listCount - first;
     }
 
-    Span listEntry(quint32 index) const
-    {
-        Span span;
-        std::memcpy(&span, m_all.data() + m_header.lists.offset + index * sizeof(Span),
-                    sizeof(Span));
-        return span;
-    }
+    Span listEntry(quint32 index) const { return element<Span>(m_header.lists, index); }
 
     std::optional<QByteArrayView> bytes(const Span& span) const
     {
