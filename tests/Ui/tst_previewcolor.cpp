@@ -4,7 +4,6 @@
 #include "Ui/Kit/IconGlyph.h"
 #include "Ui/Kit/KitQml.h"
 
-#include <QPainter>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QTest>
@@ -65,12 +64,7 @@ private slots:
             create("IconGlyph { name: 'block'; filled: true; width: 24; height: 24; color: '" +
                    color.toUtf8() + "' }");
         QVERIFY(qobject_cast<IconGlyph*>(glyph.get()));
-        QImage drawn(24, 24, QImage::Format_ARGB32_Premultiplied);
-        drawn.fill(Qt::transparent);
-        {
-            QPainter painter(&drawn);
-            qobject_cast<IconGlyph*>(glyph.get())->paint(&painter);
-        }
+        const QImage drawn = qobject_cast<IconGlyph*>(glyph.get())->image(1);
         QVERIFY2(close(drawn.pixelColor(12, 12)),
                  qPrintable(drawn.pixelColor(12, 12).name(QColor::HexArgb) + u" drawn, "_qs +
                             expected.name(QColor::HexArgb) + u" exported"_qs));

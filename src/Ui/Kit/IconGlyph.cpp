@@ -5,6 +5,8 @@
 
 #include <QPainter>
 #include <QQmlEngine>
+#include <QQuickWindow>
+#include <QSGImageNode>
 
 namespace {
 
@@ -18,8 +20,9 @@ constexpr double curveTolerance = 0.2;
 
 } // namespace
 
-IconGlyph::IconGlyph(QQuickItem* parent) : QQuickPaintedItem(parent)
+IconGlyph::IconGlyph(QQuickItem* parent) : QQuickItem(parent)
 {
+    setFlag(ItemHasContents);
     setImplicitSize(m_size, m_size);
 }
 
@@ -40,7 +43,7 @@ IconLibrary* IconGlyph::library()
 
 void IconGlyph::componentComplete()
 {
-    QQuickPaintedItem::componentComplete();
+    QQuickItem::componentComplete();
     loadPath();
 }
 
@@ -70,7 +73,7 @@ void IconGlyph::setColor(const QString& color)
         return;
     m_color = color;
     emit colorChanged();
-    update();
+    redraw();
 }
 
 void IconGlyph::setCurrentColor(const QColor& color)
@@ -79,7 +82,7 @@ void IconGlyph::setCurrentColor(const QColor& color)
         return;
     m_currentColor = color;
     emit currentColorChanged();
-    update();
+    redraw();
 }
 
 void IconGlyph::setSize(qreal size)
@@ -89,7 +92,7 @@ void IconGlyph::setSize(qreal size)
     m_size = size;
     setImplicitSize(size, size);
     emit sizeChanged();
-    invalidateShape();
+    redraw();
 }
 
 void IconGlyph::setStroke(qreal stroke)
@@ -98,14 +101,21 @@ void IconGlyph::setStroke(qreal stroke)
         return;
     m_stroke = stroke;
     emit strokeChanged();
-    invalidateShape();
+    redraw();
 }
 
 void IconGlyph::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry)
 {
-    QQuickPaintedItem::geometryChange(newGeometry, oldGeometry);
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
     if (newGeometry.size() != oldGeometry.size())
-        invalidateShape();
+        redraw();
+}
+
+void IconGlyph::itemChange(ItemChange change, const ItemChangeData& value)
+{
+    QQuickItem::itemChange(change, value);
+    if (change == ItemDevicePixelRatioHasChanged)
+        redraw();
 }
 
 void IconGlyph::loadPath()
@@ -119,30 +129,59 @@ void IconGlyph::loadPath()
     }
     if (valid() != wasValid)
         emit validChanged();
-    invalidateShape();
+    redraw();
 }
 
-void IconGlyph::invalidateShape()
+void IconGlyph::redraw()
 {
-    m_shapeValid = false;
+    m_imageValid = false;
     update();
 }
 
-void IconGlyph::paint(QPainter* painter)
+QImage IconGlyph::image(qreal devicePixelRatio) const
 {
-    if (!m_drawing || m_size <= 0)
-        return;
-    if (!m_shapeValid) {
+    const QSize pixels(qCeil(width() * devicePixelRatio), qCeil(height() * devicePixelRatio));
+    if (!m_drawing || m_size <= 0 || pixels.isEmpty())
+        return {};
+    QImage canvas(pixels, QImage::Format_ARGB32_Premultiplied);
+    canvas.setDevicePixelRatio(devicePixelRatio);
+    canvas.fill(Qt::transparent);
+    {
         // Centred in the item at `size` points, with the exported images'
         // outline, so the grid shows what a copy gives.
         const qreal k = m_size / 24;
         const QPointF origin((width() - m_size) / 2, (height() - m_size) / 2);
-        m_inks = m_drawing->inks(QTransform(k, 0, 0, k, origin.x(), origin.y()), m_stroke * k,
-                                 curveTolerance);
-        m_shapeValid = true;
+        const QList<IconDrawing::Ink> inks = m_drawing->inks(
+            QTransform(k, 0, 0, k, origin.x(), origin.y()), m_stroke * k, curveTolerance);
+        QPainter painter(&canvas);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QColor color = HexColor::parse(m_color).value_or(m_currentColor);
+        for (const IconDrawing::Ink& ink : inks)
+            painter.fillPath(ink.shape, ink.in(color));
     }
-    painter->setRenderHint(QPainter::Antialiasing);
-    const QColor color = HexColor::parse(m_color).value_or(m_currentColor);
-    for (const IconDrawing::Ink& ink : std::as_const(m_inks))
-        painter->fillPath(ink.shape, ink.in(color));
+    // The canvas keeps the paint engine its painter made, with the
+    // rasterizer's buffers; a copy of the pixels does not.
+    return canvas.copy();
+}
+
+QSGNode* IconGlyph::updatePaintNode(QSGNode* old, UpdatePaintNodeData* /*data*/)
+{
+    auto* node = static_cast<QSGImageNode*>(old);
+    if (m_imageValid && node)
+        return node;
+    m_imageValid = true;
+    const QImage drawn = image(window()->effectiveDevicePixelRatio());
+    if (drawn.isNull()) {
+        delete node;
+        return nullptr;
+    }
+    if (!node) {
+        node = window()->createImageNode();
+        node->setOwnsTexture(true);
+        // Drawn at the item's own pixel size: a pixel for a pixel.
+        node->setFiltering(QSGTexture::Nearest);
+    }
+    node->setTexture(window()->createTextureFromImage(drawn));
+    node->setRect(QRectF(QPointF(0, 0), drawn.deviceIndependentSize()));
+    return node;
 }

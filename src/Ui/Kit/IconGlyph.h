@@ -3,8 +3,8 @@
 #include "Catalog/IconDrawing.h"
 
 #include <QColor>
-#include <QPainterPath>
-#include <QQuickPaintedItem>
+#include <QImage>
+#include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 class IconLibrary;
@@ -13,10 +13,11 @@ class QQmlEngine;
 // Draws one catalogue icon by name as the exports do (IconDrawing): stroked
 // with round caps and joins in the outline style, filled (non-zero) in the
 // filled style, except where the icon set paints a path otherwise, scaled
-// from the 24-unit grid to `size` points. The finished shape is cached per name, style,
-// size and stroke, so a repaint (a new texture after a scroll, a colour
-// change) is a single antialiased fill.
-class IconGlyph : public QQuickPaintedItem {
+// from the 24-unit grid to `size` points. The glyph is drawn once into a
+// texture the size of the item at the screen's pixel ratio; only its name,
+// style, colour, size or stroke draw it again. No painter, outline or pixmap
+// copy outlives the drawing, which matters with a grid of them.
+class IconGlyph : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
@@ -54,7 +55,9 @@ public:
     void setSize(qreal size);
     void setStroke(qreal stroke);
 
-    void paint(QPainter* painter) override;
+    // What the item shows, at `devicePixelRatio` pixels per point; a null
+    // image when there is nothing to draw.
+    QImage image(qreal devicePixelRatio) const;
 
 signals:
     void nameChanged();
@@ -68,11 +71,13 @@ signals:
 protected:
     void componentComplete() override;
     void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+    void itemChange(ItemChange change, const ItemChangeData& value) override;
+    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
 
 private:
     IconLibrary* library();
     void loadPath();
-    void invalidateShape();
+    void redraw();
 
     QString m_name;
     bool m_filled = false;
@@ -83,6 +88,5 @@ private:
 
     IconLibrary* m_library = nullptr;
     std::optional<IconDrawing> m_drawing; // the 24-unit geometry
-    QList<IconDrawing::Ink> m_inks;       // scaled (and stroked), ready to fill
-    bool m_shapeValid = false;
+    bool m_imageValid = false;
 };
