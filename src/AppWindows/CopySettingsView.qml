@@ -77,13 +77,9 @@ ScrollView {
                         from: 0.5
                         to: 4
                         stepSize: 0.25
-                        snapMode: Slider.SnapAlways
                         value: view.prefs.defaultStroke
                         Accessible.name: "Default stroke"
-                        onMoved: {
-                            view.prefs.defaultStroke = value;
-                            value = Qt.binding(() => view.prefs.defaultStroke);
-                        }
+                        onMoved: value => view.prefs.defaultStroke = value
                     }
                     Text {
                         anchors.verticalCenter: parent.verticalCenter

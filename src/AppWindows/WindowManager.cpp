@@ -13,7 +13,6 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickStyle>
 #include <QScreen>
 
 // Made by qmltyperegistrar for the module the windows' QML and this class
@@ -56,8 +55,11 @@ SettingsForm& WindowManager::settingsForm()
 
 void WindowManager::chooseControlsStyle()
 {
+    // Through the environment rather than QQuickStyle, so the program does
+    // not link (and load at start) the Controls libraries, which only these
+    // windows use.
     if (qEnvironmentVariableIsEmpty("QT_QUICK_CONTROLS_STYLE"))
-        QQuickStyle::setStyle(QStringLiteral("Fusion"));
+        qputenv("QT_QUICK_CONTROLS_STYLE", "Fusion");
 }
 
 QString WindowManager::label(Tab tab)

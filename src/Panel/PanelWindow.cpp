@@ -68,7 +68,7 @@ QQuickItem* PanelWindow::rootItem() const
 bool PanelWindow::popupHasKeys() const
 {
     for (const QQuickItem* item = activeFocusItem(); item; item = item->parentItem()) {
-        if (item->inherits("QQuickPopupItem"))
+        if (item->property("keepsKeys").toBool())
             return true;
     }
     return false;

@@ -29,8 +29,9 @@ public:
     // Null when the QML could not be loaded (its errors are logged).
     QQuickItem* rootItem() const;
 
-    // Whether a popup of the views (the inspector's "Copy as" list) has the
-    // keyboard focus: its keys are then its own, not the panel's.
+    // Whether a popup of the views (the inspector's "Copy as" list, an item
+    // with a true `keepsKeys`) or something in it has the keyboard focus:
+    // its keys are then its own, not the panel's.
     bool popupHasKeys() const;
     // Whether a control other than the search field has the keyboard focus
     // (Tab took it there): the arrow keys are then the control's.

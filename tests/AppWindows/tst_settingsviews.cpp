@@ -91,7 +91,7 @@ private slots:
         row("defaultFormat", activated, 0, "defaultFormat", "svg");
         row("defaultStyle", activated, 1, "defaultStyle", "filled");
         row("defaultSize", "modified(int)", 48, "defaultSize", "48");
-        row("defaultStroke", "moved()", 1.5, "defaultStroke", "1.5");
+        row("defaultStroke", "moved(double)", 1.5, "defaultStroke", "1.5");
         row("includeSize", toggled, false, "includeSize", "false");
         row("tailwindCurrentColor", toggled, false, "tailwindCurrentColor", "false");
         row("ariaHidden", toggled, true, "ariaHidden", "true");

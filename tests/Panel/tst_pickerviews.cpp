@@ -51,9 +51,11 @@ class TestPickerViews : public QObject {
     // The text of the tooltip on screen, if one is.
     QQuickItem* visibleToolTip() const
     {
-        const QQuickItem* overlay = findChild(window->contentItem(), "QQuickOverlay");
-        const QQuickItem* popup = overlay ? findChild(overlay, "QQuickPopupItem") : nullptr;
-        return popup && popup->isVisible() ? findChild(popup, "QQuickText") : nullptr;
+        const QList<QQuickItem*> items = window->contentItem()->childItems();
+        const auto tip = std::find_if(items.cbegin(), items.cend(), [](const QQuickItem* item) {
+            return item->objectName() == u"hoverTip" && item->isVisible();
+        });
+        return tip == items.cend() ? nullptr : findChild(*tip, "QQuickText");
     }
     static QQuickItem* findChild(const QQuickItem* parent, const char* className)
     {

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Pictray.Kit
 import Pictray.Picker
 
@@ -55,39 +54,64 @@ Rectangle {
         onClicked: popup.open()
     }
 
-    Popup {
+    // The list, drawn over the window's content above the button while open.
+    // It has the keys then: the arrows move the highlight, Return picks it,
+    // Escape or a press elsewhere closes it.
+    Rectangle {
         id: popup
         objectName: "formatPopup"
-        y: -height - 4
-        margins: 8
-        width: choice.width
-        padding: 6
-        // The list has the keys while open: the arrows move the highlight,
-        // Return picks it, Escape closes.
-        focus: true
+        parent: choice.Window.window ? choice.Window.window.contentItem : choice
+        property bool opened: false
+        // The panel leaves the keys to whatever has the focus inside this.
+        readonly property bool keepsKeys: true
         property int highlighted: -1
         readonly property int count: choice.bindings.codeFormats.count
                                      + choice.bindings.imageFormats.count
-        onAboutToShow: highlighted = choice.bindings.formatIndex
-        // Typing goes back to the search field.
-        onClosed: choice.bindings.model.requestSearchFocus()
+        readonly property int margin: 8
+        visible: opened
+        z: 900
+        width: choice.width
+        height: list.implicitHeight + 12
+        color: Theme.card
+        radius: Theme.radius
+        border.color: Theme.outline
+        border.width: 1
+
+        function open() {
+            if (opened)
+                return
+            highlighted = choice.bindings.formatIndex
+            const at = choice.mapToItem(parent, 0, 0)
+            x = Math.max(margin, Math.min(parent.width - width - margin, at.x))
+            y = Math.max(margin, at.y - height - 4)
+            opened = true
+            list.forceActiveFocus()
+        }
+        function close() {
+            if (!opened)
+                return
+            opened = false
+            // Typing goes back to the search field.
+            choice.bindings.model.requestSearchFocus()
+        }
         function pick(index) {
             choice.bindings.formatIndex = index
             close()
         }
-        background: Rectangle {
-            color: Theme.card
-            radius: Theme.radius
-            border.color: Theme.outline
-            border.width: 1
-        }
-        contentItem: Column {
+
+        Column {
+            id: list
+            x: 6
+            y: 6
+            width: parent.width - 12
             spacing: 0
-            focus: true
             Keys.onUpPressed: popup.highlighted = Math.max(0, popup.highlighted - 1)
             Keys.onDownPressed: popup.highlighted = Math.min(popup.count - 1, popup.highlighted + 1)
             Keys.onReturnPressed: popup.pick(popup.highlighted)
             Keys.onEnterPressed: popup.pick(popup.highlighted)
+            Keys.onEscapePressed: popup.close()
+            // Other keys stop here, as they would in a menu.
+            Keys.onPressed: event => event.accepted = true
             FormatGroup {
                 width: parent.width
                 title: "Code"
@@ -103,6 +127,17 @@ Rectangle {
                 formats: choice.bindings.imageFormats
                 firstIndex: choice.bindings.codeFormats.count
             }
+        }
+    }
+    // A press anywhere else closes the list and goes on to what it was on.
+    MouseArea {
+        parent: popup.parent
+        anchors.fill: parent
+        z: 899
+        visible: popup.opened
+        onPressed: mouse => {
+            popup.close()
+            mouse.accepted = false
         }
     }
 

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import Pictray.Kit
 import Pictray.Picker
 
@@ -38,7 +37,6 @@ Item {
         // Follows the results row by row, so a keystroke rebinds the cells
         // it can keep instead of rebuilding all of them.
         model: grid.bindings.results
-        ScrollBar.vertical: ScrollBar { policy: ScrollBar.AsNeeded }
 
         delegate: IconCell {
             id: cell
@@ -54,6 +52,13 @@ Item {
             controller: grid.controller
             glyphColor: grid.glyphColor
         }
+    }
+
+    KitScrollBar {
+        flickable: view
+        anchors.top: view.top
+        anchors.bottom: view.bottom
+        anchors.right: view.right
     }
 
     HoverTip {

@@ -270,7 +270,7 @@ Rectangle {
                 to: 128
                 stepSize: 1
                 value: inspector.model.size
-                onMoved: inspector.model.size = Math.round(value)
+                onMoved: value => inspector.model.size = Math.round(value)
                 Accessible.name: "Size"
             }
         }
@@ -290,7 +290,7 @@ Rectangle {
                 to: 3
                 stepSize: 0.25
                 value: inspector.model.stroke
-                onMoved: inspector.model.stroke = value
+                onMoved: value => inspector.model.stroke = value
                 Accessible.name: "Stroke width"
             }
         }
