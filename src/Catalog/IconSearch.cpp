@@ -145,6 +145,8 @@ IconSearch::IconSearch(const IconList& icons) : m_icons(icons)
         m_entryOf.insert(icon.identity(), static_cast<std::uint32_t>(m_entries.size() - 1));
     }
     m_text.append(indexPadding, '\0');
+    // The estimate above is generous; the index lives as long as the program.
+    m_text.shrink_to_fit();
 }
 
 QStringList IconSearch::queryWords(QStringView query)
