@@ -14,8 +14,11 @@ IconDrawing IconDrawing::of(const PathList& paths, const PathPaints& paints, Ico
         const bool fill = paint.fill().value_or(filledStyle);
         const bool stroke = paint.stroke().value_or(!filledStyle);
         const double opacity = paint.opacity();
-        // Paths painted alike share one path, as every path of a plain icon does.
-        if (drawing.layers.isEmpty() || drawing.layers.last().fill != fill ||
+        // Stroked paths painted alike share one path, as every path of a plain
+        // outline icon does. A filled path is filled on its own, as an SVG
+        // renderer fills each element: merged, two overlapping paths drawn in
+        // opposite directions would leave a hole under the non-zero rule.
+        if (drawing.layers.isEmpty() || fill || drawing.layers.last().fill ||
             drawing.layers.last().stroke != stroke || drawing.layers.last().opacity != opacity) {
             QPainterPath path;
             path.setFillRule(Qt::WindingFill);

@@ -24,7 +24,8 @@ IconRenderer::Options options(IconStyle style, double pointSize, double padding,
 }
 
 // Shapes with known pixels: a full box, a block in the top-left quarter, a
-// horizontal bar (no filled form), a square ring and a dot narrower than the pen.
+// horizontal bar (no filled form), a square ring, a dot narrower than the pen
+// and two filled squares drawn in opposite directions, one over the other.
 IconLibrary::File shapes()
 {
     const auto shape = [](const char* id, const char* d, bool fillable) {
@@ -44,6 +45,8 @@ IconLibrary::File shapes()
             {shape("box", "M0 0h24v24H0z", true), shape("block", "M0 0h12v6H0z", true),
              shape("bar", "M2 12h20", false), shape("ring", "M4 4h16v16H4z", true),
              shape("dot", "M11.5 12a.5 .5 0 1 0 1 0a.5 .5 0 1 0 -1 0", false),
+             Icon(u"overlap"_s, {}, {}, PathList{"M2 2h20v20H2z"},
+                  PathList{"M2 2h20v20H2z", "M6 6v12h12V6z"}),
              painted("slice", "M4 4h16v16H4z", {{"fill", "currentColor"}, {"stroke", "none"}}),
              painted("tile", "M4 4h16v16H4z", {{"fill", "currentColor"}}),
              painted("fade", "M2 12h20", {{"opacity", ".5"}})}};
@@ -86,6 +89,8 @@ private slots:
             {"bar", options(filled, 24, 0, 2), 48, "24,22=255 24,20=0"}, // no filled form
             {"ring", options(filled, 24, 0, 2), 48, "24,24=255 8,24=255"},
             {"ring", options(outline, 24, 0, 2), 48, "24,24=0 8,24=255 12,24=0"},
+            // Each filled path is filled on its own: no hole where they overlap.
+            {"overlap", options(filled, 24, 0, 2), 48, "24,24=255 6,6=255 2,2=0"},
             {"dot", options(outline, 24, 0, 4), 96, "47,47=255 48,48=255 43,48=255"},
             {"slice", options(outline, 24, 0, 2), 48, "24,24=255 8,24=255 7,24=0"},
             {"slice", options(outline, 24, 0, 2, 0), 48, "24,24=255"}, // a fill needs no pen
