@@ -88,6 +88,8 @@ copy_favorite() { # copy_favorite POSITION-IN-FAVORITES NAME
 
 # geometry ID: sets X, Y (absolute), WIDTH and HEIGHT from xwininfo.
 geometry() {
+    # Without a window xwininfo would wait for one to be clicked.
+    [[ -n $1 ]] || { X=0 Y=0 WIDTH=0 HEIGHT=0; return 1; }
     eval "$(xwininfo -id "$1" | awk -F: '
         /Absolute upper-left X/ {print "X=" $2+0} /Absolute upper-left Y/ {print "Y=" $2+0}
         /Width/ {print "WIDTH=" $2+0} /Height/ {print "HEIGHT=" $2+0}')"
