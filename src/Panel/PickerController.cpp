@@ -39,6 +39,9 @@ PickerController::PickerController(PickerModel& model, Preferences& prefs, UserL
     m_appearance.setMode(m_prefs.appearance());
     connect(&m_prefs, &Preferences::appearanceChanged, this,
             [this] { m_appearance.setMode(m_prefs.appearance()); });
+    m_confirmKeyboardLoss.setSingleShot(true);
+    connect(&m_confirmKeyboardLoss, &QTimer::timeout, this,
+            &PickerController::closeForLostKeyboard);
 }
 
 PickerController::~PickerController()
@@ -61,8 +64,10 @@ void PickerController::show(std::optional<PickerTab> tab)
         m_model.setTab(PickerTab::all()); // with the bar hidden there is no other way back
     m_model.prepareForShow();
     place();
-    if (!m_panel->isVisible())
+    if (!m_panel->isVisible()) {
         m_paster.rememberTarget(); // before the panel takes the keyboard
+        m_shownAt = m_clock();
+    }
     m_panel->show();
     m_panel->raise();
     m_panel->requestActivate();
@@ -80,6 +85,7 @@ void PickerController::hide()
         m_panel->removeEventFilter(this);
         m_monitoring = false;
     }
+    m_confirmKeyboardLoss.stop();
     const bool wasVisible = m_panel->isVisible();
     m_panel->hide();
     if (wasVisible)
@@ -257,6 +263,19 @@ void PickerController::panelDeactivated()
 {
     // The menu and a drag take the keyboard for a while; the panel stays.
     if (m_showingMenu || m_dragging || !isVisible())
+        return;
+    const auto shownFor = m_clock() - m_shownAt;
+    if (shownFor < keyboardGrace) {
+        m_confirmKeyboardLoss.start(
+            std::chrono::duration_cast<std::chrono::milliseconds>(keyboardGrace - shownFor));
+        return;
+    }
+    closeForLostKeyboard();
+}
+
+void PickerController::closeForLostKeyboard()
+{
+    if (m_showingMenu || m_dragging || !isVisible() || m_panel->isActive())
         return;
     hide();
     m_lastDeactivationHide = m_clock();

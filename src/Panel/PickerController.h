@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QTimer>
 #include <QUrl>
 #include <chrono>
 #include <functional>
@@ -41,6 +42,11 @@ public:
     // keyboard is the same click that took it away (the tray icon's click
     // deactivates the panel first): it does not reopen it.
     static constexpr std::chrono::milliseconds toggleAfterDeactivation{300};
+    // A loss of the keyboard this soon after showing may be the previous
+    // showing's, reported late: closed and opened again at once on a busy
+    // machine, the panel is told it lost the keyboard after it showed again.
+    // It then closes only if it has not got the keyboard by the end of this.
+    static constexpr std::chrono::milliseconds keyboardGrace{400};
 
     PickerController(PickerModel& model, Preferences& prefs, UserLibrary& user,
                      CopyService& copyService, Paster& paster, QObject* parent = nullptr);
@@ -96,6 +102,8 @@ public:
     // The format menu while it is open.
     FormatMenu* formatMenu() const;
     bool showingMenu() const { return m_showingMenu; }
+    // Whether a loss of the keyboard soon after showing waits to be confirmed.
+    bool confirmingKeyboardLoss() const { return m_confirmKeyboardLoss.isActive(); }
 
     // For tests: the time source of the Escape rule, and the beep.
     void setClock(Clock clock) { m_clock = std::move(clock); }
@@ -129,6 +137,7 @@ private:
     void escape();
     void toggleFavorite();
     void panelDeactivated();
+    void closeForLostKeyboard();
     void beep();
 
     PickerModel& m_model;
@@ -153,4 +162,6 @@ private:
     std::function<void()> m_beep;
     std::optional<std::chrono::steady_clock::time_point> m_lastEscape;
     std::optional<std::chrono::steady_clock::time_point> m_lastDeactivationHide;
+    std::chrono::steady_clock::time_point m_shownAt;
+    QTimer m_confirmKeyboardLoss;
 };

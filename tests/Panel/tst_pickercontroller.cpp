@@ -303,6 +303,7 @@ private slots:
         controller->show();
         QQuickWindow* panel = controller->panel();
         QTRY_VERIFY(panel->isActive());
+        now += PickerController::keyboardGrace;
         other.requestActivate();
         QTRY_VERIFY(!controller->isVisible());
 
@@ -322,6 +323,27 @@ private slots:
         QTRY_VERIFY(!controller->showingMenu());
         QVERIFY(controller->isVisible());
         QTRY_VERIFY(panel->isActive()); // the panel takes the keyboard back
+    }
+
+    // Soon after showing, a loss of the keyboard made up for at once (the
+    // previous showing's, reported late) leaves the panel open; one that
+    // lasts closes it.
+    void earlyLossOfTheKeyboardIsConfirmed()
+    {
+        QWindow other;
+        other.resize(50, 50);
+        other.show();
+        controller->show();
+        QQuickWindow* panel = controller->panel();
+        QTRY_VERIFY(panel->isActive());
+        other.requestActivate();
+        QTRY_VERIFY(controller->confirmingKeyboardLoss());
+        panel->requestActivate();
+        QTRY_VERIFY(!controller->confirmingKeyboardLoss());
+        QVERIFY(controller->isVisible());
+
+        other.requestActivate();
+        QTRY_VERIFY(!controller->isVisible());
     }
 
     void formatMenu_data()
