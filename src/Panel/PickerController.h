@@ -105,7 +105,7 @@ public:
     // Whether a loss of the keyboard soon after showing waits to be confirmed.
     bool confirmingKeyboardLoss() const { return m_confirmKeyboardLoss.isActive(); }
 
-    // For tests: the time source of the Escape rule, and the beep.
+    // For tests: the time source of the Escape and keyboard rules, and the beep.
     void setClock(Clock clock) { m_clock = std::move(clock); }
     void setBeep(std::function<void()> beep) { m_beep = std::move(beep); }
 
