@@ -261,11 +261,8 @@ void PickerController::toggleFavorite()
 
 void PickerController::panelDeactivated()
 {
-    // The menu and a drag take the keyboard for a while; the panel stays.
-    if (m_showingMenu || m_dragging || !isVisible())
-        return;
     const auto shownFor = m_clock() - m_shownAt;
-    if (shownFor < keyboardGrace) {
+    if (isVisible() && shownFor < keyboardGrace) {
         m_confirmKeyboardLoss.start(
             std::chrono::duration_cast<std::chrono::milliseconds>(keyboardGrace - shownFor));
         return;
@@ -275,6 +272,7 @@ void PickerController::panelDeactivated()
 
 void PickerController::closeForLostKeyboard()
 {
+    // The menu and a drag take the keyboard for a while; the panel stays.
     if (m_showingMenu || m_dragging || !isVisible() || m_panel->isActive())
         return;
     hide();

@@ -95,11 +95,10 @@ xdotool key Escape
 check "Escape then closes the settings window" wait_for 10 bash -c \
     "! xdotool search --onlyvisible --name '^General$'"
 
-picker_hidden() { ! panel_window; }
 xdotool key ctrl+shift+k
 check "the new shortcut opens the picker" wait_for 15 panel_window
 xdotool key ctrl+shift+k
-check "... and closes it" wait_for 15 picker_hidden
+check "... and closes it" wait_for 15 no_panel
 
 # Were the old shortcut still live, it would open the picker and the new one
 # close it again at once.
@@ -120,7 +119,7 @@ check "the picker is light" wait_for 10 body_is_light
 "$PICTRAY" prefs set appearance dark
 check "prefs set appearance dark turns the open picker dark" wait_for 10 body_is_dark
 xdotool key Escape Escape
-wait_for 15 picker_hidden
+wait_for 15 no_panel
 
 # A favorite added in a terminal is in the tray menu without a restart.
 read -r icon_x icon_y icon_w icon_h <<<"$(tray_icon_geometry)"

@@ -82,7 +82,6 @@ check "the first instance still runs" kill -0 "$tray_pid"
 # Typing goes to the panel only once it has the keyboard, which a busy
 # machine gives it some frames after it shows.
 panel_has_keyboard() { [ "$(xdotool getwindowfocus)" = "$(panel_window)" ]; }
-no_panel() { ! panel_window; }
 # The shortcut toggles: a panel still closing after a copy would be closed
 # again instead of opened, so wait for it to go first.
 # When the panel goes, the window manager hands the keyboard back to the
@@ -129,7 +128,6 @@ check "Ctrl+D makes the selection a favorite" \
 # Escape clears the search, then closes. On a loaded machine a key can reach
 # the panel late, so the panel is closed one Escape at a time before the
 # toggles below are tried.
-no_panel() { ! panel_window; }
 for _ in 1 2 3; do
     xdotool key Escape
     wait_for 3 no_panel && break

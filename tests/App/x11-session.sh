@@ -101,3 +101,4 @@ panel_window() { # the visible Pictray window as large as the panel
     done
     return 1
 }
+no_panel() { ! panel_window; }

@@ -80,6 +80,15 @@ class TestPickerController : public QObject {
         return effects.join(u' ');
     }
 
+    // Shows the panel with the keyboard, and `other` beside it to take it away.
+    bool showPanelBeside(QWindow& other)
+    {
+        other.resize(50, 50);
+        other.show();
+        controller->show();
+        return QTest::qWaitFor([&] { return controller->panel()->isActive(); });
+    }
+
 private slots:
     void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
 
@@ -298,11 +307,8 @@ private slots:
     void losingTheKeyboardHidesExceptForTheMenu()
     {
         QWindow other;
-        other.resize(50, 50);
-        other.show();
-        controller->show();
+        QVERIFY(showPanelBeside(other));
         QQuickWindow* panel = controller->panel();
-        QTRY_VERIFY(panel->isActive());
         now += PickerController::keyboardGrace;
         other.requestActivate();
         QTRY_VERIFY(!controller->isVisible());
@@ -331,11 +337,8 @@ private slots:
     void earlyLossOfTheKeyboardIsConfirmed()
     {
         QWindow other;
-        other.resize(50, 50);
-        other.show();
-        controller->show();
+        QVERIFY(showPanelBeside(other));
         QQuickWindow* panel = controller->panel();
-        QTRY_VERIFY(panel->isActive());
         other.requestActivate();
         QTRY_VERIFY(controller->confirmingKeyboardLoss());
         panel->requestActivate();
