@@ -93,7 +93,7 @@ void parseEveryPath(benchmark::State& state)
         strings = 0;
         for (const Icon& icon : library().icons()) {
             for (const IconStyle style : allCases<IconStyle>()) {
-                const PathList* paths = icon.paths(style);
+                const auto paths = icon.paths(style);
                 if (!paths)
                     continue;
                 QPainterPath path;

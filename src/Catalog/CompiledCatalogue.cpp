@@ -2,7 +2,9 @@
 
 #include <QHash>
 #include <cstring>
+#include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace CompiledCatalogue {
 namespace {
@@ -178,43 +180,64 @@ public:
 
     std::optional<QString> id(quint32 index) const { return text(record(index).id); }
 
-    std::optional<Icon> icon(quint32 index) const
+    // The names of an icon, once every range its record gives is checked to
+    // lie within the file; its tags, paths and paints are read when asked.
+    std::optional<Icon::Names> names(quint32 index) const
     {
         const Record record = this->record(index);
-        const auto id = text(record.id);
-        const auto category = text(record.category);
-        const auto searchName = text(record.searchName);
-        if (!id || !category || !searchName || !listed(record.tags, quint64(record.tagCount) * 2))
+        auto id = text(record.id);
+        auto category = text(record.category);
+        auto searchName = text(record.searchName);
+        if (!id || !category || !searchName || !listed(record.tags, quint64(record.tagCount) * 2) ||
+            !pathsListed(record.outline, record.outlineCount) ||
+            !pathsListed(record.filled, record.filledCount) ||
+            !within(record.paints, m_header.bytes.length))
             return std::nullopt;
+        return Icon::Names{std::move(*id), std::move(*category), std::move(*searchName)};
+    }
+
+    // A tag (`form` 0) or its search form (1) of each tag; empty when an
+    // entry points outside the file.
+    QStringList tags(quint32 index, quint32 form) const
+    {
+        const Record record = this->record(index);
         QStringList tags;
-        QStringList searchTags;
         tags.reserve(record.tagCount);
-        // Tags are lower-case already almost always: then the one list serves
-        // as both, one allocation fewer per icon.
-        bool searchFormsDiffer = false;
         for (quint32 i = 0; i < record.tagCount; ++i) {
-            const Span tagSpan = listEntry(record.tags + 2 * i);
-            const Span searchSpan = listEntry(record.tags + 2 * i + 1);
-            const auto tag = text(tagSpan);
-            if (!tag || !text(searchSpan))
-                return std::nullopt;
+            const auto tag = text(listEntry(record.tags + 2 * i + form));
+            if (!tag)
+                return {};
             tags.append(*tag);
-            searchFormsDiffer = searchFormsDiffer || searchSpan.offset != tagSpan.offset;
         }
-        if (searchFormsDiffer) {
-            for (quint32 i = 0; i < record.tagCount; ++i)
-                searchTags.append(*text(listEntry(record.tags + 2 * i + 1)));
-        } else {
-            searchTags = tags;
-        }
-        std::optional<PathList> outline;
-        std::optional<PathList> filled;
-        IconPaints paints;
-        if (!paths(record.outline, record.outlineCount, outline) ||
-            !paths(record.filled, record.filledCount, filled) || !readPaints(record.paints, paints))
+        return tags;
+    }
+
+    bool has(quint32 index, IconStyle style) const { return pathRange(index, style).second >= 0; }
+
+    // nullopt also when an entry points outside the file.
+    std::optional<PathList> paths(quint32 index, IconStyle style) const
+    {
+        const auto [first, count] = pathRange(index, style);
+        if (count < 0)
             return std::nullopt;
-        return Icon::withSearchForms({*id, *category, tags, *searchName, searchTags},
-                                     std::move(outline), std::move(filled), std::move(paints));
+        PathList list;
+        list.reserve(count);
+        for (qint32 i = 0; i < count; ++i) {
+            const auto data = bytes(listEntry(first + quint32(i)));
+            if (!data)
+                return std::nullopt;
+            list.append(QByteArray::fromRawData(data->data(), data->size()));
+        }
+        return list;
+    }
+
+    // Plain paths when the encoding does not read.
+    PathPaints paints(quint32 index, IconStyle style) const
+    {
+        IconPaints paints;
+        if (!readPaints(record(index).paints, paints))
+            return {};
+        return style == IconStyle::filled ? paints.filled : paints.outline;
     }
 
 private:
@@ -251,22 +274,16 @@ private:
         return m_all.sliced(m_header.bytes.offset + span.offset, span.length);
     }
 
-    bool paths(quint32 first, qint32 count, std::optional<PathList>& out) const
+    bool pathsListed(quint32 first, qint32 count) const
     {
-        if (count == noPaths)
-            return true;
-        if (count < 0 || !listed(first, quint64(count)))
-            return false;
-        PathList list;
-        list.reserve(count);
-        for (qint32 i = 0; i < count; ++i) {
-            const auto data = bytes(listEntry(first + quint32(i)));
-            if (!data)
-                return false;
-            list.append(QByteArray::fromRawData(data->data(), data->size()));
-        }
-        out = std::move(list);
-        return true;
+        return count == noPaths || (count >= 0 && listed(first, quint64(count)));
+    }
+
+    std::pair<quint32, qint32> pathRange(quint32 index, IconStyle style) const
+    {
+        const Record record = this->record(index);
+        return style == IconStyle::filled ? std::pair{record.filled, record.filledCount}
+                                          : std::pair{record.outline, record.outlineCount};
     }
 
     bool readPaints(const Span& span, IconPaints& out) const
@@ -314,6 +331,27 @@ private:
     quint64 m_listCount = 0;
 };
 
+// The icons of one compiled catalogue, read from it when asked.
+class InPlaceContent final : public IconContent {
+public:
+    explicit InPlaceContent(const Reader& reader) : m_reader(reader) {}
+
+    QStringList tags(quint32 index) const override { return m_reader.tags(index, 0); }
+    QStringList searchTags(quint32 index) const override { return m_reader.tags(index, 1); }
+    bool has(quint32 index, IconStyle style) const override { return m_reader.has(index, style); }
+    std::optional<PathList> paths(quint32 index, IconStyle style) const override
+    {
+        return m_reader.paths(index, style);
+    }
+    PathPaints paints(quint32 index, IconStyle style) const override
+    {
+        return m_reader.paints(index, style);
+    }
+
+private:
+    Reader m_reader;
+};
+
 } // namespace
 
 QByteArray compile(const CatalogueFile& file)
@@ -324,18 +362,25 @@ QByteArray compile(const CatalogueFile& file)
     header.format = formatVersion;
     header.iconCount = quint32(file.icons.size());
     header.version = writer.text(file.version);
-    QList<Record> records;
-    records.reserve(file.icons.size());
-    for (const Icon& icon : file.icons) {
-        Record record{};
+    QList<Record> records(file.icons.size());
+    // Each kind of data of all icons together: loading reads every record
+    // and every tag, a drawing the paths of one icon, so what is read
+    // together lies together in memory.
+    for (qsizetype i = 0; i < file.icons.size(); ++i) {
+        const Icon& icon = file.icons[i];
+        Record& record = records[i];
         record.id = writer.text(icon.id());
         record.category = writer.text(icon.category());
         record.searchName = writer.text(icon.searchName());
-        QList<Span> tags;
-        for (qsizetype i = 0; i < icon.tags().size(); ++i)
-            tags << writer.text(icon.tags().at(i)) << writer.text(icon.searchTags().at(i));
-        record.tags = writer.list(tags);
-        record.tagCount = quint32(icon.tags().size());
+        const QStringList tags = icon.tags();
+        const QStringList searchTags = icon.searchTags();
+        QList<Span> entries;
+        for (qsizetype t = 0; t < tags.size(); ++t)
+            entries << writer.text(tags[t]) << writer.text(searchTags[t]);
+        record.tags = writer.list(entries);
+        record.tagCount = quint32(tags.size());
+    }
+    for (qsizetype i = 0; i < file.icons.size(); ++i) {
         const auto paths = [&writer](const std::optional<PathList>& list, quint32& first,
                                      qint32& count) {
             count = list ? qint32(list->size()) : noPaths;
@@ -344,11 +389,13 @@ QByteArray compile(const CatalogueFile& file)
                 spans.append(writer.bytes(path));
             first = writer.list(spans);
         };
-        paths(icon.outline(), record.outline, record.outlineCount);
-        paths(icon.filled(), record.filled, record.filledCount);
-        record.paints =
+        paths(file.icons[i].outline(), records[i].outline, records[i].outlineCount);
+        paths(file.icons[i].filled(), records[i].filled, records[i].filledCount);
+    }
+    for (qsizetype i = 0; i < file.icons.size(); ++i) {
+        const Icon& icon = file.icons[i];
+        records[i].paints =
             writer.paints({icon.paints(IconStyle::outline), icon.paints(IconStyle::filled)});
-        records.append(record);
     }
     return writer.finish(header, records);
 }
@@ -382,8 +429,12 @@ Icon find(QByteArrayView bytes, QStringView name)
     if (!reader)
         return {};
     for (quint32 i = 0; i < reader->iconCount(); ++i) {
-        if (reader->id(i) == name)
-            return reader->icon(i).value_or(Icon());
+        if (reader->id(i) != name)
+            continue;
+        auto names = reader->names(i);
+        return names ? Icon::inContent(std::move(*names),
+                                       std::make_shared<const InPlaceContent>(*reader), i)
+                     : Icon();
     }
     return {};
 }
@@ -400,14 +451,15 @@ std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error)
         return std::nullopt;
     }
     file.version = *version;
+    const auto content = std::make_shared<const InPlaceContent>(*reader);
     file.icons.reserve(reader->iconCount());
     for (quint32 i = 0; i < reader->iconCount(); ++i) {
-        auto icon = reader->icon(i);
-        if (!icon) {
+        auto names = reader->names(i);
+        if (!names) {
             fail(error, QStringLiteral("icon %1 points outside the file").arg(i));
             return std::nullopt;
         }
-        file.icons.append(std::move(*icon));
+        file.icons.append(Icon::inContent(std::move(*names), content, i));
     }
     return file;
 }

@@ -16,76 +16,91 @@ QString lowerCased(const QString& text)
 
 } // namespace
 
+namespace {
+
+// The content of one icon decoded from JSON, which it holds itself.
+class HeldContent final : public IconContent {
+public:
+    HeldContent(QStringList tags, std::optional<PathList> outline, std::optional<PathList> filled,
+                IconPaints paints)
+        : m_tags(std::move(tags)), m_outline(std::move(outline)), m_filled(std::move(filled)),
+          m_paints(std::move(paints))
+    {
+        m_searchTags.reserve(m_tags.size());
+        for (const QString& tag : std::as_const(m_tags))
+            m_searchTags.append(lowerCased(tag));
+    }
+
+    QStringList tags(quint32 /*index*/) const override { return m_tags; }
+    QStringList searchTags(quint32 /*index*/) const override { return m_searchTags; }
+    bool has(quint32 /*index*/, IconStyle style) const override
+    {
+        return of(style).has_value();
+    }
+    std::optional<PathList> paths(quint32 /*index*/, IconStyle style) const override
+    {
+        return of(style);
+    }
+    PathPaints paints(quint32 /*index*/, IconStyle style) const override
+    {
+        return style == IconStyle::filled ? m_paints.filled : m_paints.outline;
+    }
+
+private:
+    const std::optional<PathList>& of(IconStyle style) const
+    {
+        return style == IconStyle::filled ? m_filled : m_outline;
+    }
+
+    QStringList m_tags;
+    QStringList m_searchTags;
+    std::optional<PathList> m_outline;
+    std::optional<PathList> m_filled;
+    IconPaints m_paints;
+};
+
+} // namespace
+
 Icon::Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
            std::optional<PathList> filled, IconPaints paints)
 {
-    auto* data = new Data;
-    data->searchName = lowerCased(id);
-    data->searchTags.reserve(tags.size());
-    for (const QString& tag : std::as_const(tags))
-        data->searchTags.append(lowerCased(tag));
-    data->id = std::move(id);
-    data->category = std::move(category);
-    data->tags = std::move(tags);
-    takePathsAndData(data, std::move(outline), std::move(filled), std::move(paints));
+    QString searchName = lowerCased(id);
+    *this = inContent({std::move(id), std::move(category), std::move(searchName)},
+                      std::make_shared<const HeldContent>(std::move(tags), std::move(outline),
+                                                          std::move(filled), std::move(paints)),
+                      0);
 }
 
-Icon Icon::withSearchForms(Names names, std::optional<PathList> outline,
-                           std::optional<PathList> filled, IconPaints paints)
+Icon Icon::inContent(Names names, std::shared_ptr<const IconContent> content, quint32 index)
 {
+    auto* data = new Data;
+    data->names = std::move(names);
+    data->content = std::move(content);
+    data->index = index;
     Icon icon;
-    auto* data = new Data;
-    data->id = std::move(names.id);
-    data->category = std::move(names.category);
-    data->tags = std::move(names.tags);
-    data->searchName = std::move(names.searchName);
-    data->searchTags = std::move(names.searchTags);
-    icon.takePathsAndData(data, std::move(outline), std::move(filled), std::move(paints));
+    icon.d = QExplicitlySharedDataPointer<const Data>(data);
     return icon;
-}
-
-void Icon::takePathsAndData(Data* data, std::optional<PathList> outline,
-                            std::optional<PathList> filled, IconPaints paints)
-{
-    data->outline = std::move(outline);
-    data->filled = std::move(filled);
-    if (!paints.isEmpty())
-        data->paints = std::make_shared<const IconPaints>(std::move(paints));
-    d = QExplicitlySharedDataPointer<const Data>(data);
-}
-
-const PathList* Icon::paths(IconStyle style) const
-{
-    const auto& list = style == IconStyle::filled ? d->filled : d->outline;
-    return list ? &*list : nullptr;
-}
-
-const PathPaints& Icon::paints(IconStyle style) const
-{
-    static const PathPaints plain;
-    if (!d->paints)
-        return plain;
-    return style == IconStyle::filled ? d->paints->filled : d->paints->outline;
 }
 
 QString Icon::tagLine() const
 {
     QStringList shown;
-    for (const QString& tag : d->tags) {
-        if (tag == d->id)
+    const QStringList all = tags();
+    for (const QString& tag : all) {
+        if (tag == id())
             continue;
         shown.append(tag);
         if (shown.size() == 4)
             break;
     }
-    return shown.isEmpty() ? d->category : shown.join(QStringLiteral(" \u00B7 "));
+    return shown.isEmpty() ? category() : shown.join(QStringLiteral(" \u00B7 "));
 }
 
 QString Icon::pascalName() const
 {
     QString result;
-    result.reserve(d->id.size());
-    for (const QStringView piece : QStringView(d->id).split(u'-', Qt::SkipEmptyParts)) {
+    result.reserve(id().size());
+    for (const QStringView piece : QStringView(id()).split(u'-', Qt::SkipEmptyParts)) {
         // Upper-case the first character only (a surrogate pair counts as one).
         const qsizetype first = piece.first().isHighSurrogate() && piece.size() > 1 ? 2 : 1;
         result += piece.first(first).toString().toUpper();

@@ -30,6 +30,26 @@ struct IconPaints {
     bool isEmpty() const { return outline.isEmpty() && filled.isEmpty(); }
 };
 
+// Where an icon's tags, paths and paints live. An icon decoded from JSON
+// holds its own; the icons of a catalogue read in place ask the catalogue
+// each time, so thousands of icons do not each keep lists that only the few
+// drawn or looked at are ever asked for.
+class IconContent {
+public:
+    virtual ~IconContent() = default;
+    virtual QStringList tags(quint32 index) const = 0;
+    virtual QStringList searchTags(quint32 index) const = 0; // one per tag
+    virtual bool has(quint32 index, IconStyle style) const = 0;
+    // nullopt when the icon has no such form.
+    virtual std::optional<PathList> paths(quint32 index, IconStyle style) const = 0;
+    virtual PathPaints paints(quint32 index, IconStyle style) const = 0;
+
+protected:
+    IconContent() = default;
+    IconContent(const IconContent&) = default;
+    IconContent& operator=(const IconContent&) = default;
+};
+
 // One catalogue entry. A cheap handle to immutable shared data: copying an
 // Icon costs one reference count, so lists of icons are passed by value.
 class Icon {
@@ -38,34 +58,35 @@ public:
     Icon(QString id, QString category, QStringList tags, std::optional<PathList> outline,
          std::optional<PathList> filled, IconPaints paints = {});
 
-    // An icon whose lower-cased search forms are known already (a compiled
-    // catalogue keeps them), so nothing is converted.
+    // The names an icon always holds; `searchName` is the lower-cased id.
     struct Names {
         QString id;
         QString category;
-        QStringList tags;
         QString searchName;
-        QStringList searchTags; // one per tag
     };
-    static Icon withSearchForms(Names names, std::optional<PathList> outline,
-                                std::optional<PathList> filled, IconPaints paints);
+    // An icon whose tags and paths are entry `index` of `content`.
+    static Icon inContent(Names names, std::shared_ptr<const IconContent> content,
+                          quint32 index);
 
     bool isNull() const { return !d; }
 
-    const QString& id() const { return d->id; }
-    const QString& category() const { return d->category; }
-    const QStringList& tags() const { return d->tags; }
-    const std::optional<PathList>& outline() const { return d->outline; }
-    const std::optional<PathList>& filled() const { return d->filled; }
-    const QString& searchName() const { return d->searchName; }
-    const QStringList& searchTags() const { return d->searchTags; }
+    const QString& id() const { return d->names.id; }
+    const QString& category() const { return d->names.category; }
+    const QString& searchName() const { return d->names.searchName; }
+    QStringList tags() const { return d->content->tags(d->index); }
+    QStringList searchTags() const { return d->content->searchTags(d->index); }
 
-    bool has(IconStyle style) const { return paths(style) != nullptr; }
-    // The path list of a style, or null when the icon has no such form.
-    const PathList* paths(IconStyle style) const;
+    bool has(IconStyle style) const { return d->content->has(d->index, style); }
+    // The path list of a style, or nullopt when the icon has no such form.
+    std::optional<PathList> paths(IconStyle style) const
+    {
+        return d->content->paths(d->index, style);
+    }
+    std::optional<PathList> outline() const { return paths(IconStyle::outline); }
+    std::optional<PathList> filled() const { return paths(IconStyle::filled); }
     // How each path of a style is painted: empty when all are plain, else one
     // per path.
-    const PathPaints& paints(IconStyle style) const;
+    PathPaints paints(IconStyle style) const { return d->content->paints(d->index, style); }
 
     // Tags other than the name itself, the first four joined by " · ";
     // the category when none is left.
@@ -75,7 +96,7 @@ public:
 
     friend bool operator==(const Icon& a, const Icon& b)
     {
-        return a.d == b.d || (a.d && b.d && a.d->id == b.d->id);
+        return a.d == b.d || (a.d && b.d && a.d->names.id == b.d->names.id);
     }
 
     // Tells icon data apart without comparing names: copies share it.
@@ -83,18 +104,10 @@ public:
 
 private:
     struct Data : QSharedData {
-        QString id;
-        QString category;
-        QStringList tags;
-        std::optional<PathList> outline;
-        std::optional<PathList> filled;
-        QString searchName;
-        QStringList searchTags;
-        std::shared_ptr<const IconPaints> paints; // null for the plain icons
+        Names names;
+        std::shared_ptr<const IconContent> content;
+        quint32 index = 0;
     };
-    // Completes `data` with the paths and paints, and holds it.
-    void takePathsAndData(Data* data, std::optional<PathList> outline,
-                          std::optional<PathList> filled, IconPaints paints);
 
     QExplicitlySharedDataPointer<const Data> d;
 };

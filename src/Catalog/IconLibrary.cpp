@@ -328,14 +328,14 @@ int IconLibrary::outlineCount() const
 {
     const IconList& icons = made().m_icons;
     return static_cast<int>(std::count_if(
-        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.outline().has_value(); }));
+        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.has(IconStyle::outline); }));
 }
 
 int IconLibrary::filledCount() const
 {
     const IconList& icons = made().m_icons;
     return static_cast<int>(std::count_if(
-        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.filled().has_value(); }));
+        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.has(IconStyle::filled); }));
 }
 
 Icon IconLibrary::icon(QStringView name) const
@@ -351,8 +351,7 @@ std::optional<IconDrawing> IconLibrary::iconDrawing(const Icon& icon, IconStyle 
     // A filled request for an icon without a filled form draws its outline.
     if (style == IconStyle::filled && !icon.has(IconStyle::filled))
         style = IconStyle::outline;
-    const PathList* paths = icon.paths(style);
-    if (!paths)
+    if (!icon.has(style))
         return std::nullopt;
     const QString key = icon.id() + (style == IconStyle::filled ? QStringLiteral("\x1F"
                                                                                  "f")
@@ -364,6 +363,9 @@ std::optional<IconDrawing> IconLibrary::iconDrawing(const Icon& icon, IconStyle 
             return *cached;
     }
     // Built outside the lock: two threads may build the same path, the last store wins.
+    const auto paths = icon.paths(style);
+    if (!paths)
+        return std::nullopt;
     IconDrawing drawing = IconDrawing::of(*paths, icon.paints(style), style);
     const QMutexLocker lock(&m_cacheLock);
     qsizetype elements = 0;

@@ -7,8 +7,7 @@ bool IconExport::isFilled() const
 
 PathList IconExport::paths() const
 {
-    const PathList* list = icon.paths(isFilled() ? IconStyle::filled : IconStyle::outline);
-    return list ? *list : PathList();
+    return icon.paths(isFilled() ? IconStyle::filled : IconStyle::outline).value_or(PathList());
 }
 
 PathPaints IconExport::paints() const

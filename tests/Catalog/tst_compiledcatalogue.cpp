@@ -20,8 +20,8 @@ QString everything(const Icon& icon)
     QStringList parts{icon.id(), icon.category(), icon.tags().join(u','), icon.searchName(),
                       icon.searchTags().join(u',')};
     for (const IconStyle style : {IconStyle::outline, IconStyle::filled}) {
-        parts << (icon.has(style) ? QString::fromUtf8(icon.paths(style)->join('|'))
-                                  : QStringLiteral("<none>"));
+        const auto paths = icon.paths(style);
+        parts << (paths ? QString::fromUtf8(paths->join('|')) : QStringLiteral("<none>"));
         for (const PathPaint& paint : icon.paints(style)) {
             for (const PathPaint::Attribute& attribute : paint.attributes())
                 parts << QString::fromLatin1(PathPaint::text(attribute.name).toByteArray() + '=' +
@@ -106,14 +106,16 @@ private slots:
         QList<qsizetype> places;
         for (qsizetype at = 8; at < 64; at += 4) // every word of the header
             places << at;
-        // The records and the lists of offsets are the file's second half.
-        const qsizetype half = compiled.size() / 2;
-        for (qsizetype at = half; at + 4 <= compiled.size(); at += half / 97)
+        for (qsizetype at = 64; at + 4 <= compiled.size(); at += compiled.size() / 97)
             places << (at & ~qsizetype(3));
         for (const qsizetype at : places) {
             QByteArray damaged = compiled;
             damaged.replace(at, 4, "\xff\xff\xff\x7f");
-            CompiledCatalogue::read(damaged);
+            // Tags, paths and paints are read when asked for: ask for all.
+            if (const auto file = CompiledCatalogue::read(damaged)) {
+                for (const Icon& icon : file->icons)
+                    everything(icon);
+            }
         }
     }
 };

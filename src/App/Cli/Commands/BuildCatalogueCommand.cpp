@@ -76,7 +76,7 @@ int catalogue(const QStringList& args, Io& io)
     }
     const auto filledCount =
         std::count_if(check->icons.cbegin(), check->icons.cend(),
-                      [](const Icon& icon) { return icon.filled().has_value(); });
+                      [](const Icon& icon) { return icon.has(IconStyle::filled); });
     io.out << "Wrote " << IconLibrary::number(check->icons.size()) << " icons ("
            << IconLibrary::number(filledCount) << " filled) of Tabler Icons " << version << " to "
            << out.fileName() << '\n';
