@@ -129,6 +129,14 @@ QByteArray IconLibrary::compiledForm(const Candidate& candidate)
     return compiledInBytes(compiledPath + QStringLiteral(".catalogue"));
 }
 
+QByteArray IconLibrary::compiledInCatalogue()
+{
+    Candidate shipped;
+    shipped.path = shippedFilePath();
+    shipped.compiledIn = true;
+    return compiledForm(shipped);
+}
+
 bool IconLibrary::defer(const Candidate& candidate)
 {
     if (m_making != Making::onDemand)

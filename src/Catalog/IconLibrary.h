@@ -54,6 +54,9 @@ public:
     // catalogue order, without loading it: quick enough for shell completion.
     static QStringList iconNames(const Sources& sources);
     static QString shippedFilePath();
+    // The shipped catalogue's compiled form, which its icons are read from;
+    // null when the program was built without it.
+    static QByteArray compiledInCatalogue();
     // $XDG_DATA_HOME/Pictray/tabler-icons.json on Linux; the folder is created.
     static QString downloadedFilePath();
 

@@ -134,11 +134,12 @@ void Application::start()
     QTimer::singleShot(panelPreparationDelayMs, m_picker.get(), [this] {
         m_picker->preparePanel();
         m_library->searchIndex();
-        HeapTrim::releaseFreePages();
+        HeapTrim::releaseIdleMemory();
         StartupTrace::mark("panel and search index ready");
     });
-    // A hidden panel waits, maybe for hours: give back what its frames freed.
-    connect(m_picker.get(), &PickerController::hidden, this, &HeapTrim::releaseFreePages,
+    // A hidden panel waits, maybe for hours: give back what its frames freed
+    // and the catalogue pages they read.
+    connect(m_picker.get(), &PickerController::hidden, this, &HeapTrim::releaseIdleMemory,
             Qt::QueuedConnection);
     QTimer::singleShot(updateCheckDelayMs, m_updates.get(), [this] { m_updates->startSchedule(); });
 }

@@ -1,16 +1,75 @@
 #include "HeapTrim.h"
 
+#include "Catalog/IconLibrary.h"
+
+#include <QFile>
+
 #if defined(__GLIBC__)
 #include <malloc.h>
 #endif
+#if defined(__linux__)
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
 
 namespace HeapTrim {
+namespace {
+
+#if defined(__linux__)
+// Whether [first, end) lies in one read-only private mapping of a file, by
+// the process's own map: "start-end perms offset device inode path".
+bool readOnlyFileMapping(quintptr first, quintptr end)
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    if (!maps.open(QIODevice::ReadOnly))
+        return false;
+    // A sequential file: readLine until the end, not atEnd.
+    for (QByteArray line = maps.readLine(); !line.isEmpty(); line = maps.readLine()) {
+        const QList<QByteArray> fields = line.simplified().split(' ');
+        const qsizetype dash = fields.value(0).indexOf('-');
+        bool startOk = false;
+        bool endOk = false;
+        const quintptr start = fields.value(0).left(dash).toULongLong(&startOk, 16);
+        const quintptr stop = fields.value(0).mid(dash + 1).toULongLong(&endOk, 16);
+        if (!startOk || !endOk || first < start || first >= stop)
+            continue;
+        const QByteArray perms = fields.value(1);
+        return end <= stop && perms.size() == 4 && perms[1] == '-' && perms[3] == 'p' &&
+               fields.value(4) != "0" && fields.size() >= 6;
+    }
+    return false;
+}
+#endif
+
+} // namespace
 
 void releaseFreePages()
 {
 #if defined(__GLIBC__)
     malloc_trim(0);
 #endif
+}
+
+void releaseMappedPages(QByteArrayView bytes)
+{
+#if defined(__linux__)
+    const auto page = quintptr(sysconf(_SC_PAGESIZE));
+    const auto start = reinterpret_cast<quintptr>(bytes.data());
+    // Only whole pages of the bytes: a page they share with other data stays.
+    const quintptr first = (start + page - 1) / page * page;
+    const quintptr end = (start + quintptr(bytes.size())) / page * page;
+    if (end <= first || !readOnlyFileMapping(first, end))
+        return;
+    madvise(reinterpret_cast<void*>(first), end - first, MADV_DONTNEED);
+#else
+    Q_UNUSED(bytes);
+#endif
+}
+
+void releaseIdleMemory()
+{
+    releaseFreePages();
+    releaseMappedPages(IconLibrary::compiledInCatalogue());
 }
 
 } // namespace HeapTrim

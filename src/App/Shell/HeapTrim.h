@@ -1,9 +1,24 @@
 #pragma once
 
-// Hands the heap's free pages back to the system. The allocator keeps what
-// start-up freed (the JSON parser's buffers, the QML compiler's and the
-// first frame's temporaries) resident until asked, megabytes that an idle
-// tray program has no use for.
+#include <QByteArrayView>
+
+// Gives an idle tray program's unused memory back to the system.
 namespace HeapTrim {
+
+// The heap's free pages. The allocator keeps what start-up freed (the QML
+// compiler's and the first frame's temporaries) resident until asked,
+// megabytes that an idle tray program has no use for.
 void releaseFreePages();
-}
+
+// The pages of `bytes`, a read-only part of a file the program maps, dropped
+// from the process: they stay in the system's page cache, and reading them
+// again maps them back. Bytes anywhere else (the heap, memory that can be
+// written) are left alone, since dropping those would lose them.
+void releaseMappedPages(QByteArrayView bytes);
+
+// Both, when the panel is hidden: the heap's free pages, and those of the
+// compiled-in catalogue, which the panel read for its first frame and which
+// nothing reads again until it shows new icons.
+void releaseIdleMemory();
+
+} // namespace HeapTrim
