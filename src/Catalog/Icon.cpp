@@ -33,10 +33,7 @@ public:
 
     QStringList tags(quint32 /*index*/) const override { return m_tags; }
     QStringList searchTags(quint32 /*index*/) const override { return m_searchTags; }
-    bool has(quint32 /*index*/, IconStyle style) const override
-    {
-        return of(style).has_value();
-    }
+    bool has(quint32 /*index*/, IconStyle style) const override { return of(style).has_value(); }
     std::optional<PathList> paths(quint32 /*index*/, IconStyle style) const override
     {
         return of(style);

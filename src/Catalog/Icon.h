@@ -65,8 +65,7 @@ public:
         QString searchName;
     };
     // An icon whose tags and paths are entry `index` of `content`.
-    static Icon inContent(Names names, std::shared_ptr<const IconContent> content,
-                          quint32 index);
+    static Icon inContent(Names names, std::shared_ptr<const IconContent> content, quint32 index);
 
     bool isNull() const { return !d; }
 

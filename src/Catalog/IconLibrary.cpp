@@ -335,15 +335,17 @@ IconList IconLibrary::suggestions(QStringView query, int limit) const
 int IconLibrary::outlineCount() const
 {
     const IconList& icons = made().m_icons;
-    return static_cast<int>(std::count_if(
-        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.has(IconStyle::outline); }));
+    return static_cast<int>(std::count_if(icons.cbegin(), icons.cend(), [](const Icon& icon) {
+        return icon.has(IconStyle::outline);
+    }));
 }
 
 int IconLibrary::filledCount() const
 {
     const IconList& icons = made().m_icons;
-    return static_cast<int>(std::count_if(
-        icons.cbegin(), icons.cend(), [](const Icon& icon) { return icon.has(IconStyle::filled); }));
+    return static_cast<int>(std::count_if(icons.cbegin(), icons.cend(), [](const Icon& icon) {
+        return icon.has(IconStyle::filled);
+    }));
 }
 
 Icon IconLibrary::icon(QStringView name) const
