@@ -83,7 +83,7 @@ private slots:
         HeapTrim::releaseMappedPages(written.view());
         QCOMPARE(written.data()[0], '!');
         QCOMPARE(written.view().sliced(1), QByteArrayView(contents).sliced(1));
-        const QByteArray heap = contents;
+        const QByteArray heap(contents.constData(), contents.size()); // a buffer of its own
         HeapTrim::releaseMappedPages(heap);
         QCOMPARE(heap, contents);
     }

@@ -53,14 +53,18 @@ void releaseFreePages()
 void releaseMappedPages(QByteArrayView bytes)
 {
 #if defined(__linux__)
-    const auto page = quintptr(sysconf(_SC_PAGESIZE));
-    const auto start = reinterpret_cast<quintptr>(bytes.data());
+    const auto page = qsizetype(sysconf(_SC_PAGESIZE));
+    // madvise only drops the pages; nothing is written through this pointer.
+    auto* base = const_cast<char*>(bytes.data());
+    const auto start = qsizetype(reinterpret_cast<quintptr>(base) % quintptr(page));
     // Only whole pages of the bytes: a page they share with other data stays.
-    const quintptr first = (start + page - 1) / page * page;
-    const quintptr end = (start + quintptr(bytes.size())) / page * page;
-    if (end <= first || !readOnlyFileMapping(first, end))
+    const qsizetype skip = (page - start) % page;
+    const qsizetype length = (bytes.size() - skip) / page * page;
+    char* first = base + skip;
+    if (length <= 0 || !readOnlyFileMapping(reinterpret_cast<quintptr>(first),
+                                            reinterpret_cast<quintptr>(first + length)))
         return;
-    madvise(reinterpret_cast<void*>(first), end - first, MADV_DONTNEED);
+    madvise(first, size_t(length), MADV_DONTNEED);
 #else
     Q_UNUSED(bytes);
 #endif
