@@ -14,10 +14,6 @@ QString lowerCased(const QString& text)
     return plain ? text : text.toLower();
 }
 
-} // namespace
-
-namespace {
-
 // The content of one icon decoded from JSON, which it holds itself.
 class HeldContent final : public IconContent {
 public:

@@ -33,9 +33,10 @@ bool readOnlyFileMapping(quintptr first, quintptr end)
         const quintptr stop = fields.value(0).mid(dash + 1).toULongLong(&endOk, 16);
         if (!startOk || !endOk || first < start || first >= stop)
             continue;
+        // Not writable, private, and with a file (an inode other than 0).
         const QByteArray perms = fields.value(1);
-        return end <= stop && perms.size() == 4 && perms[1] == '-' && perms[3] == 'p' &&
-               fields.value(4) != "0" && fields.size() >= 6;
+        return end <= stop && fields.size() >= 6 && perms.size() == 4 && perms[1] == '-' &&
+               perms[3] == 'p' && fields[4] != "0";
     }
     return false;
 }

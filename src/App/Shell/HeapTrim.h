@@ -17,8 +17,8 @@ void releaseFreePages();
 void releaseMappedPages(QByteArrayView bytes);
 
 // Both, when the panel is hidden: the heap's free pages, and those of the
-// compiled-in catalogue, which the panel read for its first frame and which
-// nothing reads again until it shows new icons.
+// compiled-in catalogue, which the panel read for its first frame and reads
+// again only for icons, tags or tips it has not shown yet.
 void releaseIdleMemory();
 
 } // namespace HeapTrim
