@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (const Icon& icon : file->icons) {
             (void)icon.tagLine();
             for (const IconStyle style : allCases<IconStyle>()) {
-                if (const PathList* paths = icon.paths(style))
+                if (const auto paths = icon.paths(style))
                     (void)IconDrawing::of(*paths, icon.paints(style), style);
             }
         }
