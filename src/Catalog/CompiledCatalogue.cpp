@@ -147,7 +147,9 @@ bool within(const Span& span, quint64 size)
     return span.offset <= size && span.length <= size - span.offset;
 }
 
-class Reader {
+// Opens the bytes, and then answers the icons made from them for their tags,
+// paths and paints.
+class Reader final : public IconContent {
 public:
     explicit Reader(QByteArrayView bytes) : m_all(bytes) {}
 
@@ -196,26 +198,17 @@ public:
         return Icon::Names{std::move(*id), std::move(*category), std::move(*searchName)};
     }
 
-    // A tag (`form` 0) or its search form (1) of each tag; empty when an
-    // entry points outside the file.
-    QStringList tags(quint32 index, quint32 form) const
+    // Each a list that is empty when an entry points outside the file.
+    QStringList tags(quint32 index) const override { return tagForms(index, 0); }
+    QStringList searchTags(quint32 index) const override { return tagForms(index, 1); }
+
+    bool has(quint32 index, IconStyle style) const override
     {
-        const Record record = this->record(index);
-        QStringList tags;
-        tags.reserve(record.tagCount);
-        for (quint32 i = 0; i < record.tagCount; ++i) {
-            const auto tag = text(listEntry(record.tags + 2 * i + form));
-            if (!tag)
-                return {};
-            tags.append(*tag);
-        }
-        return tags;
+        return pathRange(index, style).second >= 0;
     }
 
-    bool has(quint32 index, IconStyle style) const { return pathRange(index, style).second >= 0; }
-
     // nullopt also when an entry points outside the file.
-    std::optional<PathList> paths(quint32 index, IconStyle style) const
+    std::optional<PathList> paths(quint32 index, IconStyle style) const override
     {
         const auto [first, count] = pathRange(index, style);
         if (count < 0)
@@ -232,7 +225,7 @@ public:
     }
 
     // Plain paths when the encoding does not read.
-    PathPaints paints(quint32 index, IconStyle style) const
+    PathPaints paints(quint32 index, IconStyle style) const override
     {
         IconPaints paints;
         if (!readPaints(record(index).paints, paints))
@@ -272,6 +265,21 @@ private:
         if (!within(span, m_header.bytes.length))
             return std::nullopt;
         return m_all.sliced(m_header.bytes.offset + span.offset, span.length);
+    }
+
+    // A tag (`form` 0) or its search form (1) of each tag of an icon.
+    QStringList tagForms(quint32 index, quint32 form) const
+    {
+        const Record record = this->record(index);
+        QStringList tags;
+        tags.reserve(record.tagCount);
+        for (quint32 i = 0; i < record.tagCount; ++i) {
+            const auto tag = text(listEntry(record.tags + 2 * i + form));
+            if (!tag)
+                return {};
+            tags.append(*tag);
+        }
+        return tags;
     }
 
     bool pathsListed(quint32 first, qint32 count) const
@@ -331,27 +339,6 @@ private:
     quint64 m_listCount = 0;
 };
 
-// The icons of one compiled catalogue, read from it when asked.
-class InPlaceContent final : public IconContent {
-public:
-    explicit InPlaceContent(const Reader& reader) : m_reader(reader) {}
-
-    QStringList tags(quint32 index) const override { return m_reader.tags(index, 0); }
-    QStringList searchTags(quint32 index) const override { return m_reader.tags(index, 1); }
-    bool has(quint32 index, IconStyle style) const override { return m_reader.has(index, style); }
-    std::optional<PathList> paths(quint32 index, IconStyle style) const override
-    {
-        return m_reader.paths(index, style);
-    }
-    PathPaints paints(quint32 index, IconStyle style) const override
-    {
-        return m_reader.paints(index, style);
-    }
-
-private:
-    Reader m_reader;
-};
-
 } // namespace
 
 QByteArray compile(const CatalogueFile& file)
@@ -380,15 +367,15 @@ QByteArray compile(const CatalogueFile& file)
         record.tags = writer.list(entries);
         record.tagCount = quint32(tags.size());
     }
+    const auto paths = [&writer](const std::optional<PathList>& list, quint32& first,
+                                 qint32& count) {
+        count = list ? qint32(list->size()) : noPaths;
+        QList<Span> spans;
+        for (const QByteArray& path : list.value_or(PathList()))
+            spans.append(writer.bytes(path));
+        first = writer.list(spans);
+    };
     for (qsizetype i = 0; i < file.icons.size(); ++i) {
-        const auto paths = [&writer](const std::optional<PathList>& list, quint32& first,
-                                     qint32& count) {
-            count = list ? qint32(list->size()) : noPaths;
-            QList<Span> spans;
-            for (const QByteArray& path : list.value_or(PathList()))
-                spans.append(writer.bytes(path));
-            first = writer.list(spans);
-        };
         paths(file.icons[i].outline(), records[i].outline, records[i].outlineCount);
         paths(file.icons[i].filled(), records[i].filled, records[i].filledCount);
     }
@@ -432,9 +419,9 @@ Icon find(QByteArrayView bytes, QStringView name)
         if (reader->id(i) != name)
             continue;
         auto names = reader->names(i);
-        return names ? Icon::inContent(std::move(*names),
-                                       std::make_shared<const InPlaceContent>(*reader), i)
-                     : Icon();
+        return names
+                   ? Icon::inContent(std::move(*names), std::make_shared<const Reader>(*reader), i)
+                   : Icon();
     }
     return {};
 }
@@ -451,7 +438,7 @@ std::optional<CatalogueFile> read(QByteArrayView bytes, QString* error)
         return std::nullopt;
     }
     file.version = *version;
-    const auto content = std::make_shared<const InPlaceContent>(*reader);
+    const auto content = std::make_shared<const Reader>(*reader);
     file.icons.reserve(reader->iconCount());
     for (quint32 i = 0; i < reader->iconCount(); ++i) {
         auto names = reader->names(i);

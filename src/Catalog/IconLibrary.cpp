@@ -30,6 +30,16 @@ QByteArray compiledInBytes(const QString& path)
                                    static_cast<qsizetype>(resource.size()));
 }
 
+// The build compiles a compiled-in JSON file into the form read in place,
+// beside it; null when there is none.
+QByteArray compiledFormOf(const QString& jsonPath)
+{
+    QString compiledPath = jsonPath;
+    if (compiledPath.endsWith(u".json"))
+        compiledPath.chop(5);
+    return compiledInBytes(compiledPath + QStringLiteral(".catalogue"));
+}
+
 std::optional<QByteArray> readFile(const QString& path)
 {
     QFile file(path);
@@ -118,23 +128,14 @@ std::vector<IconLibrary::Candidate> IconLibrary::candidates(const Sources& sourc
     return found;
 }
 
-// The build compiles the shipped file into the form read in place, beside it.
 QByteArray IconLibrary::compiledForm(const Candidate& candidate)
 {
-    if (!candidate.compiledIn)
-        return {};
-    QString compiledPath = candidate.path;
-    if (compiledPath.endsWith(u".json"))
-        compiledPath.chop(5);
-    return compiledInBytes(compiledPath + QStringLiteral(".catalogue"));
+    return candidate.compiledIn ? compiledFormOf(candidate.path) : QByteArray();
 }
 
 QByteArray IconLibrary::compiledInCatalogue()
 {
-    Candidate shipped;
-    shipped.path = shippedFilePath();
-    shipped.compiledIn = true;
-    return compiledForm(shipped);
+    return compiledFormOf(shippedFilePath());
 }
 
 bool IconLibrary::defer(const Candidate& candidate)

@@ -42,16 +42,15 @@ bool readOnlyFileMapping(quintptr first, quintptr end)
 }
 #endif
 
-} // namespace
+// Whole pages of memory.
+struct Pages {
+    char* first = nullptr;
+    qsizetype length = 0;
+};
 
-void releaseFreePages()
-{
-#if defined(__GLIBC__)
-    malloc_trim(0);
-#endif
-}
-
-void releaseMappedPages(QByteArrayView bytes)
+// The whole pages of `bytes` when they lie in a read-only private file
+// mapping; none otherwise, since dropping them would lose what they hold.
+Pages droppablePages(QByteArrayView bytes)
 {
 #if defined(__linux__)
     const auto page = qsizetype(sysconf(_SC_PAGESIZE));
@@ -64,17 +63,44 @@ void releaseMappedPages(QByteArrayView bytes)
     char* first = base + skip;
     if (length <= 0 || !readOnlyFileMapping(reinterpret_cast<quintptr>(first),
                                             reinterpret_cast<quintptr>(first + length)))
-        return;
-    madvise(first, size_t(length), MADV_DONTNEED);
+        return {};
+    return {first, length};
 #else
     Q_UNUSED(bytes);
+    return {};
 #endif
+}
+
+void dropPages(const Pages& pages)
+{
+#if defined(__linux__)
+    if (pages.length > 0)
+        madvise(pages.first, size_t(pages.length), MADV_DONTNEED);
+#else
+    Q_UNUSED(pages);
+#endif
+}
+
+} // namespace
+
+void releaseFreePages()
+{
+#if defined(__GLIBC__)
+    malloc_trim(0);
+#endif
+}
+
+void releaseMappedPages(QByteArrayView bytes)
+{
+    dropPages(droppablePages(bytes));
 }
 
 void releaseIdleMemory()
 {
     releaseFreePages();
-    releaseMappedPages(IconLibrary::compiledInCatalogue());
+    // The compiled-in catalogue never moves: its pages are looked up once.
+    static const Pages catalogue = droppablePages(IconLibrary::compiledInCatalogue());
+    dropPages(catalogue);
 }
 
 } // namespace HeapTrim
