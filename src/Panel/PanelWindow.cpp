@@ -7,12 +7,16 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QSGRendererInterface>
 #include <cmath>
 
 namespace {
 
 // The body card's corner radius in the views.
 constexpr double cornerRadius = 12;
+
+// What a window's maximum size is when nothing limits it.
+constexpr int unlimitedSide = (1 << 24) - 1;
 
 int cornerInset(int row, int height)
 {
@@ -102,6 +106,19 @@ bool PanelWindow::sendToSearchField(const QKeyEvent& event)
                    event.isAutoRepeat(), event.count());
     QCoreApplication::sendEvent(field, &copy);
     return true;
+}
+
+void PanelWindow::releaseFrameImage()
+{
+    // The GPU renderers keep no such image.
+    if (isVisible() || rendererInterface()->graphicsApi() != QSGRendererInterface::Software)
+        return;
+    // The renderer sizes its image to the window at each frame, and a grab
+    // draws one without showing anything.
+    setMinimumSize(QSize(1, 1));
+    setMaximumSize(QSize(unlimitedSide, unlimitedSide));
+    resize(1, 1);
+    (void)grabWindow();
 }
 
 void PanelWindow::shape(std::optional<double> arrowX, bool arrowDown)

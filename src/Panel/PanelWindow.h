@@ -46,6 +46,12 @@ public:
     // Delivers `event` to the search field directly; false without one.
     bool sendToSearchField(const QKeyEvent& event);
 
+    // For a hidden window: trades the window-sized image the software
+    // renderer keeps between frames (2 MB, on X11 shared with the server)
+    // for a one-pixel one. The next showing sizes the window and draws it
+    // whole again.
+    void releaseFrameImage();
+
     // Limits the window to the body and the arrow triangle: without a
     // compositor the transparent parts would show black.
     void shape(std::optional<double> arrowX, bool arrowDown);

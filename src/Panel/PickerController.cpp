@@ -88,8 +88,10 @@ void PickerController::hide()
     m_confirmKeyboardLoss.stop();
     const bool wasVisible = m_panel->isVisible();
     m_panel->hide();
-    if (wasVisible)
+    if (wasVisible) {
+        m_panel->releaseFrameImage();
         emit hidden();
+    }
 }
 
 void PickerController::toggle()

@@ -140,6 +140,10 @@ private slots:
         QCOMPARE(f->model->tab(), PickerTab::all());
         QCOMPARE(panel->size(), QSize(780, 730)); // no arrow
         QCOMPARE(f->targets.remembered, 2);
+        // Hidden, the panel let its frame go: shown again, it is drawn whole.
+        const QImage frame = panel->grabWindow();
+        QCOMPARE(frame.size(), QSize(780, 730) * panel->devicePixelRatio());
+        QCOMPARE(frame.pixelColor(frame.width() - 20, frame.height() - 20), QColor(0xf5f5f5));
     }
 
     // A panel whose QML does not load is an empty window, not a crash: the
