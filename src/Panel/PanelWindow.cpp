@@ -7,7 +7,6 @@
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QSGRendererInterface>
 #include <cmath>
 
 namespace {
@@ -108,13 +107,12 @@ bool PanelWindow::sendToSearchField(const QKeyEvent& event)
     return true;
 }
 
-void PanelWindow::releaseFrameImage()
+void PanelWindow::drawUnseen()
 {
-    // The GPU renderers keep no such image.
-    if (isVisible() || rendererInterface()->graphicsApi() != QSGRendererInterface::Software)
+    if (isVisible())
         return;
-    // The renderer sizes its image to the window at each frame, and a grab
-    // draws one without showing anything.
+    // One pixel rather than none: a window without size has no image to
+    // draw into, and every item would warn of it.
     setMinimumSize(QSize(1, 1));
     setMaximumSize(QSize(unlimitedSide, unlimitedSide));
     resize(1, 1);

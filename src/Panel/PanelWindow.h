@@ -46,11 +46,12 @@ public:
     // Delivers `event` to the search field directly; false without one.
     bool sendToSearchField(const QKeyEvent& event);
 
-    // For a hidden window: trades the window-sized image the software
-    // renderer keeps between frames (2 MB, on X11 shared with the server)
-    // for a one-pixel one. The next showing sizes the window and draws it
-    // whole again.
-    void releaseFrameImage();
+    // Draws one frame of the hidden window, at one pixel, without showing
+    // it: its items and their glyphs are made, and the software renderer,
+    // which sizes the image it draws into to the window, gives back the
+    // window-sized one it keeps between frames (2 MB, on X11 shared with the
+    // server). The next showing sizes the window and draws it whole.
+    void drawUnseen();
 
     // Limits the window to the body and the arrow triangle: without a
     // compositor the transparent parts would show black.

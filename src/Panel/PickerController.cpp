@@ -89,7 +89,7 @@ void PickerController::hide()
     const bool wasVisible = m_panel->isVisible();
     m_panel->hide();
     if (wasVisible) {
-        m_panel->releaseFrameImage();
+        m_panel->drawUnseen(); // which lets the window-sized frame go
         emit hidden();
     }
 }
@@ -127,7 +127,7 @@ void PickerController::preparePanel()
     // The native window too, and one frame drawn unseen: the grid's cells and
     // their glyphs are then made, so the first opening only shows them.
     m_panel->create();
-    (void)m_panel->grabWindow();
+    m_panel->drawUnseen();
 }
 
 void PickerController::makePanel()
