@@ -552,6 +552,22 @@ private slots:
         }
     }
 
+    // The panel made ahead, unseen, holds the cells its first opening shows:
+    // the selection's row, not the top rows that opening would scroll from.
+    void preparedPanelHoldsTheSelectionsRow()
+    {
+        cleanup();
+        controller->preparePanel();
+        QQuickWindow* panel = controller->panel();
+        QVERIFY(panel && !panel->isVisible());
+        QVERIFY(f->model->selectedIndex() > 200);
+        QQuickItem* grid = findItem(panel->contentItem(), u"iconGrid"_qs);
+        QQuickItem* cell = findItem(panel->contentItem(), u"cell_"_qs + f->model->currentName());
+        QVERIFY(grid && cell && cell->isVisible());
+        const QRectF inGrid = cell->mapRectToItem(grid, cell->boundingRect());
+        QVERIFY(inGrid.top() >= 0 && inGrid.bottom() <= grid->height());
+    }
+
     // The shortest body a short screen gets still holds the whole inspector
     // above the footer: only the grid and the preview give up height.
     void shortBodyKeepsEveryControl()

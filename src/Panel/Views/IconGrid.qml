@@ -41,6 +41,17 @@ Item {
         // it can keep instead of rebuilding all of them.
         model: grid.bindings.results
 
+        // While the panel is hidden the grid keeps the selection in view as
+        // its size settles, in the frame that sizes it: the panel's unseen
+        // first frame then makes the cells the first opening shows, rather
+        // than the top rows that opening would scroll away from.
+        onHeightChanged: {
+            if (height <= 0 || (Window.window && Window.window.visible))
+                return
+            forceLayout()
+            grid.scrollToSelection()
+        }
+
         delegate: IconCell {
             id: cell
             width: view.cellWidth - grid.spacing
