@@ -563,7 +563,8 @@ private slots:
         QVERIFY(f->model->selectedIndex() > 200);
         QQuickItem* grid = findItem(panel->contentItem(), u"iconGrid"_qs);
         QQuickItem* cell = findItem(panel->contentItem(), u"cell_"_qs + f->model->currentName());
-        QVERIFY(grid && cell && cell->isVisible());
+        QVERIFY(grid);
+        QVERIFY(cell && cell->isVisible());
         const QRectF inGrid = cell->mapRectToItem(grid, cell->boundingRect());
         QVERIFY(inGrid.top() >= 0 && inGrid.bottom() <= grid->height());
     }
