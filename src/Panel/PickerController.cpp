@@ -89,7 +89,10 @@ void PickerController::hide()
     const bool wasVisible = m_panel->isVisible();
     m_panel->hide();
     if (wasVisible) {
-        m_panel->drawUnseen(); // which lets the window-sized frame go
+        // A frame drawn unseen lets the window-sized image go: drawn once
+        // the event loop is back, outside the key, click or copy handler
+        // that closed the panel.
+        QTimer::singleShot(0, m_panel.get(), [panel = m_panel.get()] { panel->drawUnseen(); });
         emit hidden();
     }
 }
