@@ -16,9 +16,9 @@ void releaseFreePages();
 // written) are left alone, since dropping those would lose them.
 void releaseMappedPages(QByteArrayView bytes);
 
-// Both, when the panel is hidden: the heap's free pages, and those of the
-// compiled-in catalogue, which the panel read for its first frame and reads
-// again only for icons, tags or tips it has not shown yet.
+// Both, once start-up settles and whenever the panel hides: the heap's free
+// pages, and those of the compiled-in catalogue, which the panel read for its
+// frames and reads again only for icons, tags or tips it has not shown yet.
 void releaseIdleMemory();
 
 } // namespace HeapTrim
